@@ -1,0 +1,133 @@
+#include "Charts.h"
+
+#include "Vectors.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace casereport {
+
+namespace {
+
+using namespace Kvt::Mrl::MrlIO;
+
+/// What goes into one picture: some field vectors together, or all vectors of a keyword.
+struct ChartPlan
+{
+    const char* title;
+    std::vector<const char*> keywords;
+};
+
+const std::vector<ChartPlan>& plans()
+{
+    static const std::vector<ChartPlan> table{
+        {"Field rates", {"FOPR", "FWPR", "FLPR", "FWIR"}},
+        {"Field totals", {"FOPT", "FWPT", "FWIT"}},
+        {"Field pressure", {"FPR"}},
+        {"Oil recovery and water cut", {"FOE", "FWCT"}},
+        {"Oil production by well", {"WOPR"}},
+        {"Water cut by well", {"WWCT"}},
+        {"Bottom hole pressure by well", {"WBHP"}},
+        {"Oil production by group", {"GOPR"}},
+        {"Oil in place by region", {"ROIP"}},
+        {"Water flow between regions", {"RWFR"}},
+        {"Water saturation of blocks", {"BWSAT"}},
+        {"Pressure of local blocks", {"LBPR"}},
+    };
+    return table;
+}
+
+constexpr std::size_t mostCurves = 16; ///< more can't be told apart in one picture
+
+std::string periodText(const ISimpleSummaryReader& reader, const CaseCalendar& calendar)
+{
+    const std::vector<float>& days = reader.timeStepDays();
+    return days.empty() ? "no steps yet" : calendar.textAt(0) + " to " + calendar.textAt(days.back());
+}
+
+/// Wells without any value but zero say nothing in a picture of rates.
+bool isAllZero(const std::vector<float>& values)
+{
+    return std::all_of(values.begin(), values.end(), [](float value) { return value == 0.0F; });
+}
+
+void addCurve(Chart& chart, const ISimpleSummaryReader& reader, const SummaryVectorIDParams& vector, bool alone)
+{
+    const auto values = reader.getValues(vector);
+    if (!values || isAllZero(*values) || chart.curves.size() == mostCurves)
+        return;
+    const std::vector<float>& days = reader.timeStepDays();
+    Curve curve;
+    curve.label = alone && !placeOf(vector).empty() ? placeOf(vector) : labelOf(vector);
+    for (std::size_t n = 0; n < std::min(values->size(), days.size()); ++n)
+        curve.points.emplace_back(days[n], (*values)[n]);
+    chart.units = reader.unit(vector);
+    chart.curves.push_back(std::move(curve));
+}
+
+std::string fileName(const std::string& title)
+{
+    std::string name;
+    for (char c : title)
+        name += c == ' ' ? '-' : static_cast<char>(c | 0x20);
+    return name + ".svg";
+}
+
+void writeFile(const std::filesystem::path& path, const std::string& text)
+{
+    const std::filesystem::path aside = path.string() + ".part";
+    std::ofstream file(aside, std::ios::binary);
+    file << text;
+    file.close();
+    if (!file)
+        throw std::runtime_error("can't write " + path.string());
+    std::filesystem::rename(aside, path);
+}
+
+std::string indexPage(const std::string& caseName, const std::vector<std::string>& pictures)
+{
+    std::string page =
+        "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" + caseName +
+        "</title><style>body{font-family:sans-serif;background:#f4f4f4;margin:24px}"
+        "img{background:#fff;margin:8px;box-shadow:0 1px 4px #0003;max-width:100%}</style></head><body>\n<h1>" +
+        caseName + "</h1>\n";
+    for (const std::string& picture : pictures)
+        page += "<img src=\"" + picture + "\" alt=\"" + picture + "\">\n";
+    return page + "</body></html>\n";
+}
+
+} // namespace
+
+std::vector<Chart> makeCharts(const ISimpleSummaryReader& reader, const std::string& caseName)
+{
+    const CaseCalendar calendar(reader.startDate());
+    std::vector<Chart> charts;
+    for (const ChartPlan& plan : plans()) {
+        Chart chart{plan.title, "Case " + caseName + ", " + periodText(reader, calendar), "", {}};
+        for (const char* keyword : plan.keywords)
+            for (const SummaryVectorIDParams& vector : vectorsOf(reader, keyword))
+                addCurve(chart, reader, vector, plan.keywords.size() == 1);
+        if (!chart.curves.empty())
+            charts.push_back(std::move(chart));
+    }
+    return charts;
+}
+
+std::vector<std::string> writeCharts(const ISimpleSummaryReader& reader, const std::string& caseName,
+                                     const std::string& directory)
+{
+    std::filesystem::create_directories(directory);
+    const CaseCalendar calendar(reader.startDate());
+    std::vector<std::string> pictures;
+    for (const Chart& chart : makeCharts(reader, caseName)) {
+        pictures.push_back(fileName(chart.title));
+        writeFile(std::filesystem::path(directory) / pictures.back(), drawChart(chart, calendar));
+    }
+    writeFile(std::filesystem::path(directory) / "index.html", indexPage(caseName, pictures));
+    return pictures;
+}
+
+} // namespace casereport

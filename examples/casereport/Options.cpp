@@ -1,0 +1,96 @@
+#include "Options.h"
+
+#include <charconv>
+#include <stdexcept>
+
+namespace casereport {
+
+const char* const usage = "Usage: casereport DIRECTORY CASE [options]\n"
+                          "Says what a case holds, prints vectors over time and draws them.\n"
+                          "  --vectors LIST      for the table: KEYWORD, KEYWORD:NAME or KEYWORD:NUMBER, by commas\n"
+                          "  --rows N            most rows of the table (25)\n"
+                          "  --charts DIRECTORY  draw SVG charts there, with an index.html\n"
+                          "  --follow            keep reading while the case grows, until its writer is done\n"
+                          "  --interval MS       time between two looks when following (500)\n"
+                          "  --patience S        stop following a case that stands still for so long (30)\n"
+                          "  --no-cache          neither use nor write the content cache\n"
+                          "  --help              this text\n";
+
+namespace {
+
+int parseNumber(const std::string& text, const std::string& option)
+{
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || value < 1)
+        throw std::invalid_argument("bad value for " + option + ": " + text);
+    return value;
+}
+
+std::vector<std::string> split(const std::string& list)
+{
+    std::vector<std::string> parts;
+    for (std::size_t from = 0; from <= list.size();) {
+        const std::size_t to = std::min(list.find(',', from), list.size());
+        if (to > from)
+            parts.push_back(list.substr(from, to - from));
+        from = to + 1;
+    }
+    return parts;
+}
+
+void parseValue(const std::string& name, const std::string& value, Options& options)
+{
+    if (name == "--vectors")
+        options.vectors = split(value);
+    else if (name == "--rows")
+        options.tableRows = parseNumber(value, name);
+    else if (name == "--charts")
+        options.chartDirectory = value;
+    else if (name == "--interval")
+        options.interval = std::chrono::milliseconds(parseNumber(value, name));
+    else if (name == "--patience")
+        options.patience = std::chrono::seconds(parseNumber(value, name));
+    else
+        throw std::invalid_argument("unknown option: " + name);
+}
+
+bool parseFlag(const std::string& name, Options& options)
+{
+    if (name == "--follow")
+        options.follow = true;
+    else if (name == "--no-cache")
+        options.cache = false;
+    else if (name == "--help")
+        options.help = true;
+    else
+        return false;
+    return true;
+}
+
+} // namespace
+
+Options parseOptions(int argumentCount, const char* const* arguments)
+{
+    Options options;
+    std::vector<std::string> places;
+    for (int n = 1; n < argumentCount; ++n) {
+        const std::string argument = arguments[n];
+        if (argument.rfind("--", 0) != 0)
+            places.push_back(argument);
+        else if (!parseFlag(argument, options)) {
+            if (n + 1 == argumentCount)
+                throw std::invalid_argument("no value for " + argument);
+            parseValue(argument, arguments[++n], options);
+        }
+    }
+    if (options.help)
+        return options;
+    if (places.size() != 2)
+        throw std::invalid_argument("a directory and a case name are needed");
+    options.directory = places[0];
+    options.caseName = places[1];
+    return options;
+}
+
+} // namespace casereport

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace casereport {
+
+/// What the command line asks for.
+struct Options
+{
+    std::string directory;
+    std::string caseName;
+    std::vector<std::string>
+        vectors;                ///< for the table: KEYWORD, KEYWORD:NAME or KEYWORD:NUMBER; empty for a choice of ours
+    std::string chartDirectory; ///< empty for no charts
+    int tableRows = 25;
+    bool follow = false;
+    bool cache = true; ///< use and write the content cache
+    std::chrono::milliseconds interval{500};
+    std::chrono::seconds patience{30}; ///< how long a followed case may stand still
+    bool help = false;
+};
+
+/// Throws std::invalid_argument with a text for the user if something can't be understood.
+Options parseOptions(int argumentCount, const char* const* arguments);
+
+extern const char* const usage;
+
+} // namespace casereport

@@ -1,0 +1,254 @@
+#include "SvgChart.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <sstream>
+
+namespace casereport {
+
+namespace {
+
+constexpr double width = 960, height = 540;
+constexpr double left = 92, right = 190, top = 74, bottom = 62;
+constexpr double plotWidth = width - left - right, plotHeight = height - top - bottom;
+constexpr std::size_t mostPoints = 2000; ///< a curve of more is thinned; no screen shows the rest
+
+/// Told apart by people with any kind of colour vision.
+constexpr std::array<const char*, 8> colours{"#0072b2", "#d55e00", "#009e73", "#cc79a7",
+                                             "#e69f00", "#56b4e9", "#555555", "#8c564b"};
+constexpr std::array<const char*, 3> dashes{"", "8 4", "2 4"};
+
+struct Range
+{
+    double low = 0.0, high = 1.0;
+
+    double fraction(double value) const { return (value - low) / (high - low); }
+};
+
+struct Scales
+{
+    Range days, values;
+    double valueStep = 1.0;
+
+    double x(double day) const { return left + plotWidth * days.fraction(day); }
+
+    double y(double value) const { return top + plotHeight * (1.0 - values.fraction(value)); }
+};
+
+std::string escape(const std::string& text)
+{
+    std::string escaped;
+    for (char c : text) {
+        if (c == '&')
+            escaped += "&amp;";
+        else if (c == '<')
+            escaped += "&lt;";
+        else if (c == '>')
+            escaped += "&gt;";
+        else if (c == '"')
+            escaped += "&quot;";
+        else
+            escaped += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
+    }
+    return escaped;
+}
+
+/// The smallest of 1, 2, 2.5 and 5 times a power of ten that makes at most so many steps of a span.
+double roundStep(double span, int mostSteps)
+{
+    const double least = span / mostSteps;
+    const double power = std::pow(10.0, std::floor(std::log10(least)));
+    for (double factor : {1.0, 2.0, 2.5, 5.0})
+        if (factor * power >= least * (1.0 - 1e-9))
+            return factor * power;
+    return 10.0 * power;
+}
+
+Range dayRange(const Chart& chart)
+{
+    Range range{0.0, 0.0};
+    for (const Curve& curve : chart.curves)
+        for (const auto& point : curve.points)
+            range.high = std::max(range.high, point.first);
+    if (range.high <= 0.0)
+        range.high = 1.0;
+    return range;
+}
+
+/// Room for all values, from zero if they come near it.
+Range valueRange(const Chart& chart)
+{
+    Range range{HUGE_VAL, -HUGE_VAL};
+    for (const Curve& curve : chart.curves)
+        for (const auto& point : curve.points)
+            if (std::isfinite(point.second)) {
+                range.low = std::min(range.low, point.second);
+                range.high = std::max(range.high, point.second);
+            }
+    if (range.low > range.high)
+        return {0.0, 1.0};
+    if (range.low > 0.0 && range.low < 0.5 * range.high)
+        range.low = 0.0;
+    if (range.high - range.low < 1e-9 * std::max(1.0, std::abs(range.high))) {
+        range.low -= 0.5 * std::max(1.0, std::abs(range.low));
+        range.high += 0.5 * std::max(1.0, std::abs(range.high));
+    }
+    return range;
+}
+
+Scales makeScales(const Chart& chart)
+{
+    Scales scales;
+    scales.days = dayRange(chart);
+    scales.values = valueRange(chart);
+    scales.valueStep = roundStep(scales.values.high - scales.values.low, 7);
+    scales.values.low = scales.valueStep * std::floor(scales.values.low / scales.valueStep + 1e-9);
+    scales.values.high = scales.valueStep * std::ceil(scales.values.high / scales.valueStep - 1e-9);
+    return scales;
+}
+
+/// How many decimals tell neighbouring steps apart.
+int decimalsFor(double step)
+{
+    int decimals = 0;
+    for (double scaled = step; decimals < 9 && std::abs(scaled - std::round(scaled)) > 1e-6 * scaled; scaled *= 10.0)
+        ++decimals;
+    return decimals;
+}
+
+/// A number with a thin space between groups of three digits, without needless decimals.
+std::string numberText(double value, double step)
+{
+    char digits[64];
+    std::snprintf(digits, sizeof digits, "%.*f", decimalsFor(step), std::abs(value) < 1e-9 * step ? 0.0 : value);
+    std::string text = digits;
+    std::size_t end = std::min(text.find('.'), text.size());
+    const std::size_t begin = text[0] == '-' ? 1 : 0;
+    while (end > begin + 3) {
+        end -= 3;
+        text.insert(end, "&#8201;");
+    }
+    return text;
+}
+
+void drawText(std::ostream& out, double x, double y, const char* style, const std::string& text)
+{
+    out << "<text x=\"" << x << "\" y=\"" << y << "\" " << style << ">" << text << "</text>\n";
+}
+
+void drawValueAxis(std::ostream& out, const Chart& chart, const Scales& scales)
+{
+    const int steps = static_cast<int>(std::lround((scales.values.high - scales.values.low) / scales.valueStep));
+    for (int n = 0; n <= steps; ++n) {
+        const double value = scales.values.low + n * scales.valueStep;
+        const double y = scales.y(value);
+        out << "<line class=\"grid\" x1=\"" << left << "\" x2=\"" << left + plotWidth << "\" y1=\"" << y << "\" y2=\""
+            << y << "\"/>\n";
+        drawText(out, left - 10, y + 4, "class=\"tick\" text-anchor=\"end\"", numberText(value, scales.valueStep));
+    }
+    out << "<text class=\"axis\" text-anchor=\"middle\" transform=\"translate(24," << top + plotHeight / 2
+        << ") rotate(-90)\">" << (chart.units.empty() ? "fraction" : escape(chart.units)) << "</text>\n";
+}
+
+/// Months between two dates on the axis, so that there are at most about ten.
+int monthsBetweenTicks(double days)
+{
+    for (int months : {1, 2, 3, 6, 12, 24, 60, 120, 240, 600})
+        if (days / (30.4375 * months) <= 11.0)
+            return months;
+    return 1200;
+}
+
+void drawTimeAxis(std::ostream& out, const Scales& scales, const CaseCalendar& calendar)
+{
+    const int months = monthsBetweenTicks(scales.days.high - scales.days.low);
+    const auto first = calendar.dateAt(scales.days.low);
+    std::chrono::year_month month = months >= 12 ? first.year() / std::chrono::January : first.year() / first.month();
+    for (; calendar.daysAt(month / 1) <= scales.days.high; month += std::chrono::months(months)) {
+        const double days = calendar.daysAt(month / 1);
+        if (days < scales.days.low)
+            continue;
+        const double x = scales.x(days);
+        out << "<line class=\"grid\" x1=\"" << x << "\" x2=\"" << x << "\" y1=\"" << top << "\" y2=\""
+            << top + plotHeight + 5 << "\"/>\n";
+        const std::string text = calendar.textAt(days);
+        drawText(out, x, top + plotHeight + 22, "class=\"tick\" text-anchor=\"middle\"",
+                 months >= 12 ? text.substr(0, 4) : text.substr(0, 7));
+    }
+    drawText(out, left + plotWidth / 2, height - 16, "class=\"axis\" text-anchor=\"middle\"", "Date");
+}
+
+std::string curveStyle(std::size_t n)
+{
+    std::string style = std::string("stroke=\"") + colours[n % colours.size()] + "\"";
+    const char* dash = dashes[n / colours.size() % dashes.size()];
+    if (*dash != '\0')
+        style += std::string(" stroke-dasharray=\"") + dash + "\"";
+    return style;
+}
+
+void drawCurve(std::ostream& out, const Curve& curve, const Scales& scales, std::size_t n)
+{
+    const std::size_t stride = 1 + curve.points.size() / mostPoints;
+    out << "<path class=\"curve\" " << curveStyle(n) << " d=\"";
+    bool drawing = false;
+    for (std::size_t p = 0; p < curve.points.size(); ++p) {
+        if (p % stride != 0 && p + 1 != curve.points.size())
+            continue;
+        const auto& [day, value] = curve.points[p];
+        if (!std::isfinite(value)) {
+            drawing = false;
+            continue;
+        }
+        out << (drawing ? "L" : "M") << scales.x(day) << " " << scales.y(value);
+        drawing = true;
+    }
+    out << "\"/>\n";
+}
+
+void drawLegend(std::ostream& out, const Chart& chart)
+{
+    const double x = left + plotWidth + 18;
+    const double lineHeight =
+        std::min(24.0, plotHeight / static_cast<double>(std::max<std::size_t>(1, chart.curves.size())));
+    for (std::size_t n = 0; n < chart.curves.size(); ++n) {
+        const double y = top + 10 + lineHeight * static_cast<double>(n);
+        out << "<line class=\"curve\" " << curveStyle(n) << " x1=\"" << x << "\" x2=\"" << x + 26 << "\" y1=\"" << y
+            << "\" y2=\"" << y << "\"/>\n";
+        drawText(out, x + 34, y + 4, "class=\"legend\"", escape(chart.curves[n].label));
+    }
+}
+
+constexpr const char* styles = "<style>text{font-family:'DejaVu Sans',Verdana,sans-serif;fill:#222}"
+                               ".title{font-size:20px;font-weight:bold}.subtitle{font-size:13px;fill:#666}"
+                               ".tick{font-size:12px;fill:#444}.axis{font-size:13px}.legend{font-size:13px}"
+                               ".grid{stroke:#e2e2e2;stroke-width:1}.frame{fill:none;stroke:#888;stroke-width:1}"
+                               ".curve{fill:none;stroke-width:2;stroke-linejoin:round}</style>\n";
+
+} // namespace
+
+std::string drawChart(const Chart& chart, const CaseCalendar& calendar)
+{
+    const Scales scales = makeScales(chart);
+    std::ostringstream out;
+    out.imbue(std::locale::classic());
+    out.precision(6);
+    out << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << width << " " << height << "\" width=\""
+        << width << "\" height=\"" << height << "\">\n"
+        << styles << "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
+    drawText(out, left, 32, "class=\"title\"", escape(chart.title));
+    drawText(out, left, 54, "class=\"subtitle\"", escape(chart.subtitle));
+    drawValueAxis(out, chart, scales);
+    drawTimeAxis(out, scales, calendar);
+    out << "<rect class=\"frame\" x=\"" << left << "\" y=\"" << top << "\" width=\"" << plotWidth << "\" height=\""
+        << plotHeight << "\"/>\n";
+    for (std::size_t n = 0; n < chart.curves.size(); ++n)
+        drawCurve(out, chart.curves[n], scales, n);
+    drawLegend(out, chart);
+    out << "</svg>\n";
+    return out.str();
+}
+
+} // namespace casereport

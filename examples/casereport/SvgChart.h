@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Dates.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace casereport {
+
+struct Curve
+{
+    std::string label;
+    std::vector<std::pair<double, double>> points; ///< days since the start of the case, value
+};
+
+struct Chart
+{
+    std::string title;
+    std::string subtitle;
+    std::string units;
+    std::vector<Curve> curves;
+};
+
+/// An SVG document of lines over a time axis with dates, a legend and a grid in round numbers.
+std::string drawChart(const Chart& chart, const CaseCalendar& calendar);
+
+} // namespace casereport

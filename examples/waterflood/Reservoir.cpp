@@ -1,0 +1,145 @@
+#include "Reservoir.h"
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+
+namespace waterflood {
+
+namespace {
+
+constexpr double typicalPermeability = 200.0;
+constexpr double logPermeabilitySpread = 0.8;
+constexpr double typicalPorosity = 0.2;
+
+/// Running mean over 2 * reach + 1 values along one direction of the grid, cut off at the edges.
+void smooth(std::vector<double>& field, std::size_t count, std::size_t stride, std::size_t length, int reach)
+{
+    std::vector<double> line(length);
+    for (std::size_t start = 0; start < count; ++start) {
+        if ((start / stride) % length != 0)
+            continue;
+        for (std::size_t n = 0; n < length; ++n)
+            line[n] = field[start + n * stride];
+        for (std::size_t n = 0; n < length; ++n) {
+            const std::size_t from = n > static_cast<std::size_t>(reach) ? n - static_cast<std::size_t>(reach) : 0;
+            const std::size_t to = std::min(length - 1, n + static_cast<std::size_t>(reach));
+            double sum = 0.0;
+            for (std::size_t m = from; m <= to; ++m)
+                sum += line[m];
+            field[start + n * stride] = sum / static_cast<double>(to - from + 1);
+        }
+    }
+}
+
+void standardise(std::vector<double>& field)
+{
+    double sum = 0.0, squares = 0.0;
+    for (double value : field)
+        sum += value;
+    const double mean = sum / static_cast<double>(field.size());
+    for (double& value : field) {
+        value -= mean;
+        squares += value * value;
+    }
+    const double spread = std::sqrt(squares / static_cast<double>(field.size()));
+    for (double& value : field)
+        value /= spread > 0.0 ? spread : 1.0;
+}
+
+/// The standard library's distributions may differ between compilers; a sum of twelve uniform numbers doesn't.
+std::vector<double> correlatedNormalField(const Grid& grid, unsigned seed)
+{
+    std::mt19937 random(seed);
+    std::vector<double> field(grid.cellCount());
+    for (double& value : field) {
+        value = -6.0;
+        for (int n = 0; n < 12; ++n)
+            value += static_cast<double>(random()) / 4294967296.0;
+    }
+    const auto nx = static_cast<std::size_t>(grid.nx), ny = static_cast<std::size_t>(grid.ny);
+    for (int pass = 0; pass < 2; ++pass) {
+        smooth(field, field.size(), 1, nx, 3);
+        smooth(field, field.size(), nx, ny, 2);
+    }
+    standardise(field);
+    return field;
+}
+
+Rock makeRock(const Grid& grid, unsigned seed)
+{
+    Rock rock;
+    for (double value : correlatedNormalField(grid, seed)) {
+        rock.permeability.push_back(typicalPermeability * std::exp(logPermeabilitySpread * value));
+        rock.porosity.push_back(std::clamp(typicalPorosity + 0.03 * value, 0.08, 0.32));
+    }
+    return rock;
+}
+
+/// Quarters of the map, numbered from 1 to 4.
+std::vector<int> makeRegions(const Grid& grid)
+{
+    std::vector<int> regions;
+    regions.reserve(grid.cellCount());
+    for (int k = 0; k < grid.nz; ++k)
+        for (int j = 0; j < grid.ny; ++j)
+            for (int i = 0; i < grid.nx; ++i)
+                regions.push_back(1 + (2 * i >= grid.nx ? 1 : 0) + (2 * j >= grid.ny ? 2 : 0));
+    return regions;
+}
+
+std::vector<Well> makeWells(const Grid& grid)
+{
+    const int right = grid.nx - 1, back = grid.ny - 1;
+    const double injection = 0.1 * typicalPorosity * grid.cellVolume() * static_cast<double>(grid.cellCount()) / 365.25;
+    const double share = 0.25 * injection;
+    return {
+        {"INJ1", "INJECT", grid.nx / 2, grid.ny / 2, true, WellControl::Rate, injection, 450.0},
+        {"PROD1", "WEST", 0, 0, false, WellControl::Pressure, 0.0, 200.0},
+        {"PROD2", "EAST", right, 0, false, WellControl::Rate, share, 150.0},
+        {"PROD3", "WEST", 0, back, false, WellControl::Rate, share, 150.0},
+        {"PROD4", "EAST", right, back, false, WellControl::Pressure, 0.0, 200.0},
+    };
+}
+
+} // namespace
+
+double Fluids::mobileFraction(double waterSaturation) const
+{
+    return std::clamp((waterSaturation - connateWater) / (1.0 - connateWater - residualOil), 0.0, 1.0);
+}
+
+double Fluids::waterMobility(double waterSaturation) const
+{
+    return waterEndPoint * std::pow(mobileFraction(waterSaturation), waterExponent) / waterViscosity;
+}
+
+double Fluids::oilMobility(double waterSaturation) const
+{
+    return oilEndPoint * std::pow(1.0 - mobileFraction(waterSaturation), oilExponent) / oilViscosity;
+}
+
+double Fluids::fractionalFlowSlope(double waterSaturation) const
+{
+    const double range = 1.0 - connateWater - residualOil;
+    const double s = mobileFraction(waterSaturation);
+    const double water = waterMobility(waterSaturation), oil = oilMobility(waterSaturation);
+    const double waterSlope = s > 0.0 ? water * waterExponent / s : 0.0;
+    const double oilSlope = s < 1.0 ? -oil * oilExponent / (1.0 - s) : 0.0;
+    const double total = water + oil;
+    return (waterSlope * oil - water * oilSlope) / (total * total * range);
+}
+
+Reservoir makeFiveSpot(int nx, int ny, int nz, unsigned seed)
+{
+    Reservoir reservoir;
+    reservoir.grid.nx = nx;
+    reservoir.grid.ny = ny;
+    reservoir.grid.nz = nz;
+    reservoir.rock = makeRock(reservoir.grid, seed);
+    reservoir.regions = makeRegions(reservoir.grid);
+    reservoir.wells = makeWells(reservoir.grid);
+    return reservoir;
+}
+
+} // namespace waterflood

@@ -1,0 +1,61 @@
+#pragma once
+
+/// \file
+/// A temporary file that holds one part of a result file until all parts can be joined.
+
+#include <mrlio/Export.h>
+#include <mrlio/service/FileName.h>
+#include <mrlio/service/Namespaces.h>
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+namespace Kvt::Mrl::MrlIO {
+
+class StreamSectionImpl;
+
+/// Part of a result file in a temporary file beside it. The file is opened at the first request for the stream, may be
+/// closed and is opened again at the next request, going on where it stopped: its owner decides how many sections are
+/// open at once. The owner also calls remove when the content is no longer needed; the destructor only closes.
+///
+/// While a section is open it holds an exclusive lock on its file. A section of the same name in another process thus
+/// can't truncate it: there the open counts as failed. One thread at a time may use a section.
+///
+/// The order of the virtual operations is part of the interface.
+class MRLIO_EXPORT StreamSection
+{
+public:
+    /// target        the result file: section A of DIR/CASE.UNRST lies in DIR/CASE_A.tmp
+    /// sectionName   an empty one gives DIR/CASE_FFM.tmp
+    /// formatted     the content is text; makes a difference only on systems that translate line ends
+    StreamSection(const Service::FileName& target, const std::string& sectionName, bool formatted);
+    StreamSection(const StreamSection&) = delete;
+    StreamSection& operator=(const StreamSection&) = delete;
+    virtual ~StreamSection();
+
+    /// Closes the stream, if open, and remembers its position, where the next opening goes on. Reading and writing
+    /// share that position: after rewind it is the place where the reader stopped. A failed close leaves the stream
+    /// failed.
+    virtual void close();
+
+    /// The stream to write to, with numbers in scientific form, opened if need be: emptied at first and after remove,
+    /// else at the remembered position. A file that can't be opened or is locked is tried ten times more, waiting
+    /// 0.5, 1.0 ... 5.0 seconds behind the failed attempts, 27.5 seconds in all; the caller's thread sleeps. throws
+    /// std::runtime_error with the section's name, the number of attempts and the file
+    virtual std::ostream& stream();
+
+    /// Closes the stream and deletes the file; the next opening starts from nothing. If the file can't be deleted, it
+    /// stays with its remembered position and nothing is reported.
+    virtual void remove();
+
+    /// Goes back to the start of an open section and gives the buffer to read its content from, valid until the section
+    /// is closed. Null if nothing was written.
+    /// throws std::runtime_error if the section is closed, or what was written doesn't reach the file
+    std::streambuf* rewind();
+
+private:
+    std::unique_ptr<StreamSectionImpl> impl_;
+};
+
+} // namespace Kvt::Mrl::MrlIO

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <mrlio/Export.h>
+
+#include <compare>
+
+namespace Kvt::Mrl::Core::Service {
+/// A time of day to the millisecond. A plain value, ordered by time.
+class MRLIO_EXPORT HourMinuteSecondMillisecond
+{
+public:
+    /// Midnight: all parts 0.
+    HourMinuteSecondMillisecond() = default;
+
+    /// hour                0 to 23
+    /// minute, second      0 to 59
+    /// millisecond         0 to 999
+    /// throws              ServiceException if one of them is out of range
+    HourMinuteSecondMillisecond(int hour, int minute, int second, int millisecond);
+
+    int Hour() const { return hour_; }
+
+    int Minute() const { return minute_; }
+
+    int Second() const { return second_; }
+
+    int Millisecond() const { return millisecond_; }
+
+    auto operator<=>(const HourMinuteSecondMillisecond&) const = default;
+
+private:
+    int hour_ = 0;
+    int minute_ = 0;
+    int second_ = 0;
+    int millisecond_ = 0;
+};
+} // namespace Kvt::Mrl::Core::Service

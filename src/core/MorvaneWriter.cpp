@@ -1,0 +1,12 @@
+#include <mrlio/MorvaneWriter.h>
+
+namespace Kvt::Mrl::MrlIO {
+
+MorvaneWriter::~MorvaneWriter() = default;
+
+bool MorvaneWriter::writeKeyword(KeywordTmpl<6>& /*keyword*/)
+{
+    return true;
+}
+
+} // namespace Kvt::Mrl::MrlIO

@@ -1,0 +1,124 @@
+#include <mrlio/KeywordWriter.h>
+#include <mrlio/MorvaneAsciiWriter.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using namespace Kvt::Mrl::MrlIO;
+using namespace std::string_literals;
+
+namespace {
+
+class CellIndexes : public KeywordINTE
+{
+public:
+    using KeywordINTE::KeywordINTE;
+
+    int getShift() const override { return -1; }
+};
+
+KeywordTmpl<6> words(int width, const std::vector<std::string>& values)
+{
+    KeywordTmpl<6> keyword("WORDS", values);
+    keyword.valueTypeInfo(ValueTypeInfo(ValueType::C0nn, width));
+    return keyword;
+}
+
+template <class Record>
+std::string written(const Record& keyword, bool formatted)
+{
+    std::ostringstream out;
+    KeywordWriter(out, formatted, Service::FileName("CASE.UNRST"s)).write(keyword);
+    return out.str();
+}
+
+template <class Error>
+std::string textOf(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const Error& error) {
+        return error.what();
+    }
+    return "nothing thrown";
+}
+
+} // namespace
+
+TEST(KeywordWriter, WritesConstRecordsOfEveryKind)
+{
+    std::ostringstream out;
+    KeywordWriter writer(out, true, Service::FileName("CASE.FUNRST"s));
+    const CellIndexes indexes("INDEXES", {0, 9});
+    writer.write(KeywordTmpl<0>("DOUB", {1.0}));
+    writer.write(KeywordTmpl<1>("REAL", {1.0F}));
+    writer.write(KeywordTmpl<3>("LOGI", {1}));
+    writer.write(KeywordTmpl<5>("MESS"));
+    writer.write(words(3, {"A"}));
+    writer.write(KeywordCHAR("CHAR", {"A"}));
+    writer.write(KeywordINTE("INTE", {1}));
+    writer.write(indexes);
+    EXPECT_EQ(out.str(), " 'DOUB    '           1 'DOUB'\n    1.0000000000000E+00\n"
+                         " 'REAL    '           1 'REAL'\n    1.0000000E+00\n"
+                         " 'LOGI    '           1 'LOGI'\n  T\n"
+                         " 'MESS    '           0 'MESS'\n"
+                         " 'WORDS   '           1 'C003'\n 'A  '\n"
+                         " 'CHAR    '           1 'CHAR'\n 'A       '\n"
+                         " 'INTE    '           1 'INTE'\n           1\n"
+                         " 'INDEXES '           2 'INTE'\n           1          10\n");
+}
+
+TEST(KeywordWriter, OneWidthGovernsWords)
+{
+    EXPECT_EQ(written(words(6, {"ABC", "LONGERNAME"}), false), "\0\0\0\x10WORDS   \0\0\0\2C006\0\0\0\x10\0\0\0\x0c"
+                                                               "ABC   LONGER\0\0\0\x0c"s);
+    EXPECT_EQ(written(words(24, {"A", "B", "C"}), true), " 'WORDS   '           3 'C024'\n"
+                                                         " 'A                       ' 'B                       '\n"
+                                                         " 'C                       '\n");
+}
+
+TEST(KeywordWriter, RefusesNamesBeforeWriting)
+{
+    EXPECT_NO_THROW(KeywordWriter::validateKeywordName("EIGHTCHR"));
+    std::ostringstream out;
+    KeywordWriter writer(out, false, Service::FileName());
+    EXPECT_EQ(textOf<std::invalid_argument>([&] { writer.write(KeywordTmpl<1>("")); }),
+              "Blank keywords are not supported");
+    EXPECT_EQ(textOf<std::invalid_argument>([&] { writer.write(KeywordTmpl<1>("NINECHARS")); }),
+              "Invalid keyword name: NINECHARS.  Keyword names longer than 8 characters are not supported.");
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST(KeywordWriter, RefusesWidthsBeforeWriting)
+{
+    const std::string none = "Word size for C0nn data type must be > 0";
+    for (const bool formatted : {false, true}) {
+        for (const int width : {-1, 0, formatted ? 78 : 100}) {
+            for (const auto& values : {std::vector<std::string>{}, std::vector<std::string>{"ABC"}}) {
+                std::ostringstream out;
+                KeywordWriter writer(out, formatted, Service::FileName());
+                const std::string limit = formatted ? "77" : "99";
+                EXPECT_EQ(textOf<std::invalid_argument>([&] { writer.write(words(width, values)); }),
+                          width < 1 ? none : "Word size for C0nn data type must be <= " + limit);
+                EXPECT_EQ(out.str(), "");
+            }
+        }
+        EXPECT_NO_THROW(written(words(formatted ? 77 : 99, {"ABC"}), formatted));
+    }
+}
+
+TEST(KeywordWriter, ReportsAFailedStream)
+{
+    const Service::FileName file("/data/CASE.UNRST"s);
+    for (const bool formatted : {false, true}) {
+        std::ostream out(nullptr);
+        KeywordWriter writer(out, formatted, file);
+        EXPECT_EQ(writer.getFileName(), file);
+        EXPECT_EQ(textOf<std::runtime_error>([&] { writer.write(KeywordCHAR("ZWEL", {"P1"})); }),
+                  "A problem was encountered writing the keyword ZWEL to file.");
+    }
+}
