@@ -20,7 +20,7 @@ using Format = FileIdentifiers::DataFormat;
 
 constexpr Format anyFormat = Format::DefaultAll();
 
-/// A directory of empty files whose times of change are told.
+/// A directory of empty files with chosen times of change.
 class CaseDirectory : public ::testing::Test
 {
 protected:

@@ -57,7 +57,7 @@ std::vector<unsigned> expanded(unsigned flags)
     return result;
 }
 
-TEST(DataFormat, NamedValuesAndChangesSetTheToldFlags)
+TEST(DataFormat, NamedValuesAndChangesSetTheirFlags)
 {
     EXPECT_EQ(Format::get(true, false).flags(), 9u);
     EXPECT_EQ(Format::get(false, true).flags(), 6u);

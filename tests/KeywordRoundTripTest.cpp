@@ -36,8 +36,8 @@ struct SampleCase
             doubles.array().push_back(number * 1.0e12);
             indexes.array().push_back(number);
             flags.array().push_back(number % 2 == 0 ? 1 : 0);
-            names.array().push_back("W" + std::to_string(i));
-            words.array().push_back("LONGER-NAME-" + std::to_string(i));
+            names.array().push_back(std::to_string(i));
+            words.array().push_back(std::string(i % 20, 'x') + std::to_string(i));
         }
     }
 

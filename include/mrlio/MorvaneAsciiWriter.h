@@ -33,7 +33,7 @@ public:
     MorvaneAsciiWriter(const MorvaneAsciiWriter&) = delete;
     MorvaneAsciiWriter& operator=(const MorvaneAsciiWriter&) = delete;
 
-    /// Closes the file if endWrite was not called; what then goes wrong is not told.
+    /// Closes the file if endWrite was not called; what then goes wrong is not reported.
     ~MorvaneAsciiWriter() override;
 
     bool setFilename(const std::string& name, bool append) override;

@@ -30,7 +30,7 @@ public:
     MorvaneBinaryWriter(const MorvaneBinaryWriter&) = delete;
     MorvaneBinaryWriter& operator=(const MorvaneBinaryWriter&) = delete;
 
-    /// Closes the file if endWrite was not called; what then goes wrong is not told.
+    /// Closes the file if endWrite was not called; what then goes wrong is not reported.
     ~MorvaneBinaryWriter() override;
 
     bool setFilename(const std::string& name, bool append) override;

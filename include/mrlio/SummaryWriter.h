@@ -76,7 +76,7 @@ public:
     /// call close first. Never throws.
     ~SummaryWriter();
 
-    /// Adds the vectors of a grid. Allowed until the first record is written and the first step is left.
+    /// Adds the vectors of a grid. Allowed within the first mini step, until its record is written.
     /// grid     name of a local grid; empty for the global one, which goes in front of the others whenever it is added
     /// throws   std::runtime_error if it is too late; std::invalid_argument if the grid was added before, a keyword or
     ///          units have more than 8 characters, a name more than 72, or a local grid has no positions. The writer is

@@ -72,9 +72,11 @@ bool MorvaneAsciiReaderImpl::readNext(KeywordHeader& header)
     }
     std::string line;
     std::int64_t position = 0;
-    if (!findHeaderLine(line, position))
+    if (!file_->findLine(beginsHeaderLine, line, position))
         return false;
+    // Of a line that fails here, the end bit tells whether it is cut by the end of the file.
     parseHeaderLine(header, line, position);
+    file_->clear();
     current_ = header;
     return true;
 }
@@ -157,7 +159,10 @@ void MorvaneAsciiReaderImpl::seekToData(const KeywordHeader& header)
 
 bool MorvaneAsciiReaderImpl::findHeaderLine(std::string& line, std::int64_t& position)
 {
-    return file_ && file_->findLine(beginsHeaderLine, line, position);
+    if (!file_ || !file_->findLine(beginsHeaderLine, line, position))
+        return false;
+    file_->clear();
+    return true;
 }
 
 /// Behind the last value the rest of its line is passed, so that the next line read is a new one.

@@ -72,14 +72,14 @@ void MorvaneAsciiReaderImpl::readArray(const KeywordHeader& header, typename Kin
     finishSlice(header, last);
 }
 
-/// Grows by a step at a time. Once the first one is there, room for all that the file can hold is reserved, but never for
-/// more than was asked for; a count that lies takes no more memory than the values that are there.
+/// Fills an empty vector, which grows by a step at a time. Once the first one is there, room for all that the file can
+/// hold is reserved, but never for more than was asked for; a count that lies takes no more memory than the values that
+/// are there.
 template <class Kind>
 void MorvaneAsciiReaderImpl::readVector(const KeywordHeader& header, std::vector<typename Kind::Value>& out,
                                         std::int64_t first, std::int64_t last)
 {
     constexpr std::int64_t step = (std::int64_t{256} << 10) / static_cast<std::int64_t>(sizeof(typename Kind::Value));
-    out.clear();
     requireFile(header);
     seekToData(header);
     if (header.size() == 0)

@@ -5,7 +5,6 @@
 #include <mrlio/service/Exception.h>
 
 #include <algorithm>
-#include <array>
 #include <boost/filesystem/exception.hpp>
 #include <stdexcept>
 #include <vector>

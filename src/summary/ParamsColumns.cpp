@@ -7,6 +7,8 @@
 #include <mrlio/MrlIOException.h>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace Kvt::Mrl::MrlIO {
 
@@ -118,12 +120,12 @@ bool ParamsColumns::readRow(const Group& group, float* row)
 void ParamsColumns::handOnRows(const Group& group)
 {
     const std::size_t rowCount = std::exchange(rowCount_, 0);
+    std::array<float, mostRows> values;
     for (std::size_t i = 0; i < group.columnCount; ++i) {
-        std::vector<float>& column = *columns_[group.firstColumn + i];
-        const std::size_t length = column.size();
-        column.resize(length + rowCount);
         for (std::size_t row = 0; row < rowCount; ++row)
-            column[length + row] = rows_[row * group.columnCount + i];
+            values[row] = rows_[row * group.columnCount + i];
+        std::vector<float>& column = *columns_[group.firstColumn + i];
+        column.insert(column.end(), values.begin(), values.begin() + static_cast<std::ptrdiff_t>(rowCount));
     }
 }
 

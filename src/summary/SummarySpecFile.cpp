@@ -1,6 +1,7 @@
 #include "summary/SummarySpecFile.h"
 
 #include "core/Fail.h"
+#include "service/Text.h"
 #include "summary/FileChecksum.h"
 
 #include <mrlio/FileIdentifiers.h>
@@ -11,9 +12,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstddef>
 #include <string_view>
+#include <utility>
 
 namespace Kvt::Mrl::MrlIO {
 
@@ -164,8 +165,7 @@ std::string joinRestart(const std::vector<std::string>& pieces)
     std::string restart;
     for (const std::string& piece : pieces)
         restart += piece;
-    while (!restart.empty() && std::isspace(static_cast<unsigned char>(restart.back())))
-        restart.pop_back();
+    Service::StringTrimSpace(restart, false, true);
     return restart;
 }
 
@@ -184,14 +184,15 @@ std::string joinMeasurement(const std::string* chunks, std::size_t count)
     return text;
 }
 
-void fillUnits(const std::vector<std::string>& texts, InternedTexts& units)
+/// Takes the texts away: with the measurements they are the larger part of the file.
+void fillUnits(std::vector<std::string> texts, InternedTexts& units)
 {
     InternedTexts::Filler filler(units, texts.size());
     for (const std::string& text : texts)
         filler.append(text);
 }
 
-void fillMeasurements(const std::vector<std::string>& chunks, std::size_t vectors, InternedTexts& measurements)
+void fillMeasurements(std::vector<std::string> chunks, std::size_t vectors, InternedTexts& measurements)
 {
     if (chunks.empty())
         return;
@@ -254,8 +255,8 @@ SummarySpecDataImpl readSummarySpecFile(const std::string& path)
 
     checkCounts(arrays);
     description.restart = joinRestart(arrays.restart);
-    fillUnits(arrays.units, spec.units);
-    fillMeasurements(arrays.measurements, arrays.keywords.size(), spec.measurements);
+    fillUnits(std::move(arrays.units), spec.units);
+    fillMeasurements(std::move(arrays.measurements), arrays.keywords.size(), spec.measurements);
     spec.setVectors(makeVectors(arrays));
     spec.runs = findRuns(arrays.keywords);
     description.checksum = crc32OfFile(path);

@@ -1,6 +1,7 @@
 #include "summary/SummaryWriterDataFile.h"
 
 #include "core/Fail.h"
+#include "files/Extensions.h"
 #include "files/OutputDirectory.h"
 
 #include <mrlio/KeywordWriter.h>
@@ -14,20 +15,10 @@ namespace Kvt::Mrl::MrlIO {
 
 namespace {
 
-/// How the data files of one form are named.
-struct DataFileNames
+/// The letters of report steps from 0, 10000 and 20000.
+std::string_view stepLetters(bool formatted)
 {
-    const char* unified;
-    const char* steps;   ///< letters of report steps from 0, 10000 and 20000
-    const char* oldStep; ///< letter of the files of an earlier run that are looked for; further letters never are
-};
-
-constexpr DataFileNames unformattedNames{"UNSMRY", "STU", "S"};
-constexpr DataFileNames formattedNames{"FUNSMRY", "ABC", "A"};
-
-constexpr const DataFileNames& namesOf(bool formatted)
-{
-    return formatted ? formattedNames : unformattedNames;
+    return formatted ? extensions::summary.formattedLetters : extensions::summary.unformattedLetters;
 }
 
 KeywordINTE oneNumber(const char* keyword, int value)
@@ -55,6 +46,8 @@ void SummaryWriterDataFile::append(int reportStep, int miniStep, const std::vect
 {
     if (!stream_.is_open())
         open(reportStep);
+    if (needsHeader_)
+        writeHeader();
     writeWhole("PARAMS", [&](KeywordWriter& out) {
         out.write(oneNumber("MINISTEP", miniStep));
         out.write(KeywordTmpl<ValueType::REAL>("PARAMS", values));
@@ -81,7 +74,6 @@ void SummaryWriterDataFile::open(int reportStep)
     if (!isOwn && !mayOverwrite_ && file.FileExists())
         throw std::invalid_argument(fileExistsText(file));
     isFirstOpening_ = false;
-    const int headerStamp = stamp();
 
     using Service::FileMode;
     const FileMode place = !isOwn && mayOverwrite_ ? FileMode::Truncate : FileMode::AtEnd;
@@ -90,12 +82,12 @@ void SummaryWriterDataFile::open(int reportStep)
         fail<std::runtime_error>("Problem encountered opening file : ", file.GetFullName());
     file_ = file;
     wholeLength_ = stream_.tellp();
-    writeHeader(headerStamp);
+    needsHeader_ = true;
 }
 
 void SummaryWriterDataFile::clearOldSteps() const
 {
-    const std::string letter = namesOf(formatted_).oldStep;
+    const std::string letter(1, stepLetters(formatted_).front()); // further letters are never looked for
     const std::string pattern = stepFilesPattern(rootName_, swapCase_ ? swapLetterCase(letter) : letter);
     if (mayOverwrite_)
         deleteFilesOfType(directory_, pattern);
@@ -105,8 +97,8 @@ void SummaryWriterDataFile::clearOldSteps() const
 
 Service::FileName SummaryWriterDataFile::fileOf(int reportStep) const
 {
-    const DataFileNames& names = namesOf(formatted_);
-    const std::string extension = unified_ ? names.unified : stepExtension(names.steps, reportStep);
+    const std::string extension = unified_ ? extensions::ofNewUnifiedFile(extensions::summary, formatted_)
+                                           : stepExtension(stepLetters(formatted_), reportStep);
     return outputFile(directory_, rootName_, extension, swapCase_);
 }
 
@@ -120,15 +112,12 @@ int SummaryWriterDataFile::stamp()
     return std::bit_cast<int>(*stamp_);
 }
 
-/// A file without its header must not stay open: the next attempt would go on behind it.
-void SummaryWriterDataFile::writeHeader(int stamp)
+/// After a failure the header is still due, whatever has become of the record that was to follow it.
+void SummaryWriterDataFile::writeHeader()
 {
-    try {
-        writeWhole("SEQHDR", [&](KeywordWriter& out) { out.write(oneNumber("SEQHDR", stamp)); });
-    } catch (...) {
-        stream_.close();
-        throw;
-    }
+    const KeywordINTE header = oneNumber("SEQHDR", stamp());
+    writeWhole("SEQHDR", [&](KeywordWriter& out) { out.write(header); });
+    needsHeader_ = false;
 }
 
 template <class Encode>

@@ -20,9 +20,9 @@ namespace Kvt::Mrl::MrlIO {
 /// The data files of a summary writer: opens the file of a report step when its first record comes, and appends records
 /// so that at any time the file holds whole ones only.
 ///
-///     SEQHDR  INTE  1   stamp of the run, at each opening
-///     MINISTEP INTE 1   number
-///     PARAMS  REAL  n   values                              both for each record
+///     SEQHDR    INTE  1   stamp of the run            at the start of each report step
+///     MINISTEP  INTE  1   number of the mini step     | each record
+///     PARAMS    REAL  n   values                      |
 class SummaryWriterDataFile
 {
 public:
@@ -44,7 +44,7 @@ private:
     void clearOldSteps() const;
     Service::FileName fileOf(int reportStep) const;
     int stamp();
-    void writeHeader(int stamp);
+    void writeHeader();
     template <class Encode>
     void writeWhole(const char* lastKeyword, const Encode& encode);
     void sendWhole(const char* lastKeyword, std::string_view bytes);
@@ -63,6 +63,7 @@ private:
     std::optional<std::uint32_t> stamp_;
     Service::FileStream stream_;
     std::int64_t wholeLength_ = 0; // of the open file, up to its last whole record
+    bool needsHeader_ = false;     // the open file has yet to get the header of this report step
     std::ostringstream encoded_;
 };
 

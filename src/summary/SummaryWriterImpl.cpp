@@ -1,6 +1,7 @@
 #include "summary/SummaryWriterImpl.h"
 
 #include "core/Fail.h"
+#include "files/Extensions.h"
 #include "files/OutputDirectory.h"
 
 #include <mrlio/MorvaneAsciiWriter.h>
@@ -15,7 +16,7 @@ namespace {
 
 Service::FileName checkedSpecFile(const SummaryWriterSetup& setup, const Service::Directory& directory)
 {
-    const char* extension = setup.formatted ? "FSMSPEC" : "SMSPEC";
+    const std::string extension = extensions::ofNewFile(extensions::summarySpec, setup.formatted);
     const Service::FileName file = outputFile(directory, setup.rootName, extension, setup.params.swapExtensionCase);
     if (!setup.params.overwriteSpec && file.FileExists())
         throw std::invalid_argument(fileExistsText(file));

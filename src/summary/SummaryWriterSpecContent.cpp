@@ -1,7 +1,7 @@
-#include "service/Text.h"
-#include "summary/SummaryWriterSpecFile.h"
+#include "summary/SummaryWriterSpecContent.h"
 
 #include "core/Fail.h"
+#include "service/Text.h"
 
 #include <mrlio/KeywordWriter.h>
 

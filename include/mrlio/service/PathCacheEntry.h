@@ -13,9 +13,10 @@ namespace Kvt::Mrl::Core::Service {
 class MRLIO_EXPORT PathCacheEntry
 {
 public:
-    /// Takes a path of any kind, with a directory or without. The disk isn't looked at.
-    explicit PathCacheEntry(const std::string& path);
-    explicit PathCacheEntry(std::string&& path) noexcept;
+    /// Takes a path of any kind, with a directory or without. The disk isn't looked at. Not explicit, so that a path
+    /// serves where an entry is wanted.
+    PathCacheEntry(const std::string& path);
+    PathCacheEntry(std::string&& path) noexcept;
 
     /// The whole path, as it was given.
     const std::string& GetPath() const { return path_; }
