@@ -277,14 +277,14 @@ TEST_F(SummaryWriterFilesTest, FilesThatDoNotOpenAreTriedAgain)
     std::filesystem::remove(dir.file("CASE.UNSMRY"));
     plant("CASE.UNSMRY"); // still not this writer's, and still given away
     writer->nextMiniStep(1.0F, false);
-    EXPECT_EQ(keywordLines(dir.file("CASE.UNSMRY")).size(), 3U); // a specification in trouble stops no record
+    EXPECT_EQ(keywordLines(dir.file("CASE.UNSMRY")).size(), 3U); // a spec file in trouble stops no record
 
     std::filesystem::remove(dir.file("CASE.SMSPEC"));
     writer->nextMiniStep(2.0F, false);
     EXPECT_FALSE(keywordLines(dir.file("CASE.SMSPEC")).empty());
 }
 
-TEST_F(SummaryWriterFilesTest, SpecificationIsReplacedWhole)
+TEST_F(SummaryWriterFilesTest, SpecFileIsReplacedWhole)
 {
     params.overwriteSpec = true;
     writeBytes(dir.file("CASE.SMSPEC"), std::string(100000, 'x'));

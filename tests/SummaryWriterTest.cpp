@@ -60,7 +60,7 @@ protected:
 
 } // namespace
 
-TEST_F(SummaryWriterTest, SpecificationHoldsAllKeywordsInOrderInBothForms)
+TEST_F(SummaryWriterTest, SpecFileHoldsAllKeywordsInOrderInBothForms)
 {
     params.simulatorValue = 100;
     writeINTEHEAD = true;
@@ -76,9 +76,9 @@ TEST_F(SummaryWriterTest, SpecificationHoldsAllKeywordsInOrderInBothForms)
         writer->addArraySpec(measured);
         writer.reset();
 
-        std::string runtime = "RUNTIMEI 2 4 5 0 0 0 0 0 0 0 0 0 0 0 0 8 6 2026";
+        std::string runTimes = "RUNTIMEI 2 4 5 0 0 0 0 0 0 0 0 0 0 0 0 8 6 2026";
         for (int i = 18; i < 50; ++i)
-            runtime += " 0";
+            runTimes += " 0";
         EXPECT_THAT(keywordLines(dir.file(form ? "CASE.FSMSPEC" : "CASE.SMSPEC"), form),
                     ElementsAre("INTEHEAD 1 100", "RESTART [THIRTEEN] [CHARS] [] [] [] [] [] [] []",
                                 "DIMENS 4 2 3 4 0 4", "KEYWORDS [TIME] [YEARS] [WOPR] [LBPR]",
@@ -86,7 +86,7 @@ TEST_F(SummaryWriterTest, SpecificationHoldsAllKeywordsInOrderInBothForms)
                                 "NUMLY 0 0 0 2", "NUMLZ 0 0 0 3", "UNITS [DAYS] [YEARS] [SM3/DAY] [BARSA]",
                                 "MEASRMNT [O:Simula] [tion_Tim] [e] [] [] [] [O:Oil_Ra] [te] [] [] [] []",
                                 "STARTDAT 28 2 2026 13 14 15016000", "LGRNAMES [LGR1]", "LGRVEC 3", "LGRTIMES 0",
-                                runtime, "RUNTIMED 0 0 0 0 0"));
+                                runTimes, "RUNTIMED 0 0 0 0 0"));
     }
 }
 
@@ -119,9 +119,9 @@ TEST_F(SummaryWriterTest, BytesOfASmallCase)
                   keyword("PARAMS  ", 3, "REAL", secondValues));
 
     const std::string blank(8, ' ');
-    std::string runtime = word(1) + word(0) + word(1);
+    std::string runTimes = word(1) + word(0) + word(1);
     for (int i = 3; i < 50; ++i)
-        runtime += word(i == 15 ? 28 : i == 16 ? 2 : i == 17 ? 2026 : 0);
+        runTimes += word(i == 15 ? 28 : i == 16 ? 2 : i == 17 ? 2026 : 0);
     EXPECT_EQ(readBytes(dir.file("CASE.SMSPEC")),
               keyword("RESTART ", 9, "CHAR", std::string(72, ' ')) +
                   keyword("DIMENS  ", 6, "INTE", word(3) + word(2) + word(3) + word(4) + word(0) + word(0)) +
@@ -130,7 +130,7 @@ TEST_F(SummaryWriterTest, BytesOfASmallCase)
                   keyword("NUMS    ", 3, "INTE", word(0) + word(0) + word(0)) +
                   keyword("UNITS   ", 3, "CHAR", "DAYS    YEARS   BARSA   ") +
                   keyword("STARTDAT", 6, "INTE", word(28) + word(2) + word(2026) + word(0) + word(0) + word(0)) +
-                  keyword("RUNTIMEI", 50, "INTE", runtime) + keyword("RUNTIMED", 5, "DOUB", std::string(40, '\0')));
+                  keyword("RUNTIMEI", 50, "INTE", runTimes) + keyword("RUNTIMED", 5, "DOUB", std::string(40, '\0')));
 }
 
 TEST_F(SummaryWriterTest, GlobalGridComesFirstInEitherOrder)
@@ -322,7 +322,7 @@ TEST_F(SummaryWriterTest, DescriptionsAreCheckedBeforeAnythingChanges)
     EXPECT_EQ(specLine("NUMLX"), "NUMLX 0 0 0 1");
 }
 
-TEST_F(SummaryWriterTest, UpdatesWaitForTheNextSpecification)
+TEST_F(SummaryWriterTest, UpdatesWaitForTheNextSpecFile)
 {
     auto writer = makeWriter();
     writer->addArraySpec(VectorSpec{{.keyword = "BPR", .num = 1, .x = 8}});
@@ -339,11 +339,11 @@ TEST_F(SummaryWriterTest, UpdatesWaitForTheNextSpecification)
     EXPECT_EQ(specLine("NUMLX"), "NUMLX 0 0 8 9"); // those of the global grid stay
 }
 
-TEST_F(SummaryWriterTest, SpecificationFollowsTheVectorsAndTheRun)
+TEST_F(SummaryWriterTest, SpecFileFollowsTheVectorsAndTheRun)
 {
     auto writer = makeWriter();
     writer->addArraySpec(field);
-    writer->endMiniStep(); // writes the specification, but no record: vectors may still be added
+    writer->endMiniStep(); // writes the spec file, but no record: vectors may still be added
     writer->addArraySpec("LGR1", local);
     EXPECT_EQ(specLine("LGRNAMES"), "");
     writer->nextMiniStep(0.0F, false);
@@ -360,7 +360,7 @@ TEST_F(SummaryWriterTest, SpecificationFollowsTheVectorsAndTheRun)
     EXPECT_THAT(data("S0002"), ElementsAre("no file"));
 }
 
-TEST_F(SummaryWriterTest, UnknownUnitsAreAFaultOfTheSpecificationOnly)
+TEST_F(SummaryWriterTest, UnknownUnitsAreAFaultOfTheSpecFileOnly)
 {
     grid = GridSpec(1, 1, 1, static_cast<UnitSystemType::Enum>(5), GridSpec::Radial);
     writeINTEHEAD = true;

@@ -26,8 +26,22 @@ std::vector<SummaryVectorIDParams> vectorsNamed(const ISummaryReader& reader, co
     return found;
 }
 
+namespace {
+
+/// The number of a flow between regions holds both of them.
+std::string regionPair(int number)
+{
+    constexpr int factor = 32768, offset = 10;
+    const int first = number % factor, second = number / factor - offset;
+    return second > 0 ? std::to_string(first) + " to " + std::to_string(second) : std::to_string(number);
+}
+
+} // namespace
+
 std::string placeOf(const SummaryVectorIDParams& vector)
 {
+    if (vector.vectorType() == SummaryVectorType::INTER_REGION_FLOW && vector.getNum() >= 0)
+        return regionPair(vector.getNum());
     const int fields = vector.requiredFieldsFromType();
     std::string place;
     const auto add = [&place](const std::string& text) { place += (place.empty() ? "" : " ") + text; };

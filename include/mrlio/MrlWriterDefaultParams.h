@@ -13,7 +13,7 @@ struct MRLIO_EXPORT MrlWriterDefaultParams
     /// Data files that stand there from an earlier run may be replaced, and those of a split set are deleted.
     bool overwriteData = false;
 
-    /// An index or specification file from an earlier run may be replaced.
+    /// An index or spec file from an earlier run may be replaced.
     bool overwriteSpec = false;
 
     /// Each letter of a generated extension changes its case, so CASE.smspec in place of CASE.SMSPEC.

@@ -16,10 +16,10 @@ namespace Kvt::Mrl::MrlIO {
 
 class SummaryWriterImpl;
 
-/// Writes the summary of a running simulation: a specification file (SMSPEC, FSMSPEC) that says which vectors there
+/// Writes the summary of a running simulation: a spec file (SMSPEC, FSMSPEC) that says which vectors there
 /// are, and data with the values of all of them at each mini step, in one file (UNSMRY, FUNSMRY) or one for each report
 /// step (S0001, A0001 and on). A reader in another process sees a sound case at any moment of the run: the
-/// specification is there before the first record, and each record reaches the file whole.
+/// spec file is there before the first record, and each record reaches the file whole.
 ///
 ///     SummaryWriter writer(directory, "CASE", grid, YearMonthDay(2026, 1, 1), false, params, true);
 ///     writer.addArraySpec(fieldAndWells);                      // describe the vectors, a grid at a time
@@ -48,13 +48,13 @@ public:
     /// Checks the names; the files are made with the first record.
     /// directory        must exist; a relative one counts from the current directory
     /// rootName         name of the case; the extensions are added
-    /// grid             the global grid: units, and dimensions for the specification
+    /// grid             the global grid: units, and dimensions for the spec file
     /// startDate        the date from which elapsed times count; startTime is midnight unless given
     /// restart          the case that this one continues, copied; null for none
     /// formatted        text files rather than unformatted ones
     /// params           copied
-    /// writeINTEHEAD    begin the specification with units and simulator
-    /// throws           std::invalid_argument if the directory is none, or a specification file exists that
+    /// writeINTEHEAD    begin the spec file with units and simulator
+    /// throws           std::invalid_argument if the directory is none, or a spec file exists that
     ///                  params.overwriteSpec doesn't give away; std::runtime_error if the local time can't be had
     SummaryWriter(const std::string& directory, const std::string& rootName, const GridSpec& grid,
                   const Service::YearMonthDay& startDate, bool formatted, const MrlWriterDefaultParams& params,
@@ -72,7 +72,7 @@ public:
     SummaryWriter(const SummaryWriter&) = delete;
     SummaryWriter& operator=(const SummaryWriter&) = delete;
 
-    /// Marks the case as complete in the specification, whatever the state. The arrays of an open mini step are lost:
+    /// Marks the case as complete in the spec file, whatever the state. The arrays of an open mini step are lost:
     /// call close first. Never throws.
     ~SummaryWriter();
 
@@ -85,7 +85,7 @@ public:
     void addArraySpec(const ISummaryVectorArraySpec& spec);
 
     /// Replaces the description of a grid's vectors by another of the same size, at any time. It reaches the
-    /// specification file when that is written next. Positions of the global grid stay, and so do the measurements if
+    /// spec file when that is written next. Positions of the global grid stay, and so do the measurements if
     /// spec has none.
     /// throws   std::invalid_argument if the grid wasn't added, the size differs, or as in addArraySpec. The writer is
     ///          unchanged then.
@@ -102,7 +102,7 @@ public:
     /// Writes the open mini step and begins the next one. A step without any array leaves no record, and the next one
     /// gets its number.
     /// elapsedDays   time of the new step since the start date, not before that of the last one
-    /// rewriteSpec   write the specification anew too. If that fails, it is tried again with the next record.
+    /// rewriteSpec   write the spec file anew too. If that fails, it is tried again with the next record.
     /// returns       the number of the new mini step
     /// throws        std::runtime_error if the writer is closed, arrays of some grids are missing, or the record can't
     /// be
@@ -122,7 +122,7 @@ public:
     ///               the writer is open
     int openAtNextReportStep(float elapsedDays);
 
-    /// Ends the report step: writes the open mini step and, with it, the specification, and closes the files. Does
+    /// Ends the report step: writes the open mini step and, with it, the spec file, and closes the files. Does
     /// nothing on a closed writer. throws   as nextMiniStep; the writer stays open then, and close may be called again
     void close();
 

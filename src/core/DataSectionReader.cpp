@@ -15,13 +15,6 @@ std::int64_t arrayBytes(int width, std::int64_t size)
     return bytes;
 }
 
-std::int64_t DataSectionReaderImpl::usualBytes(int width, std::int64_t last, int blockLength)
-{
-    constexpr std::int64_t framing = 8;
-    constexpr std::int64_t enough = std::int64_t{1} << 40; // no hint needs to go further
-    return std::min(arrayBytes(width, last + 1), enough) + std::min(last / blockLength + 1, enough) * framing;
-}
-
 /// Reads the length of the next record and gives the number of its elements.
 std::int64_t DataSectionReaderImpl::openBlock(std::int64_t& length)
 {

@@ -35,9 +35,6 @@ public:
     template <class Filler>
     void read(std::int64_t first, std::int64_t last, Filler& out);
 
-    /// The bytes from the start of the data to the end of element last, in records of the usual length.
-    static std::int64_t usualBytes(int width, std::int64_t last, int blockLength);
-
 private:
     template <class Filler>
     void readDataBlock(std::int64_t toSkip, std::int64_t toRead, Filler& out, std::int64_t& skipped,

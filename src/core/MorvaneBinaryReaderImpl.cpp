@@ -4,6 +4,8 @@
 #include "core/ValueTypeLayout.h"
 #include "service/BinaryFileIO.h"
 
+#include <algorithm>
+
 namespace Kvt::Mrl::MrlIO {
 
 namespace {
@@ -16,6 +18,9 @@ constexpr const char* inReadKeywordHeader = "Kvt::Mrl::MrlIO::MorvaneBinaryReade
 constexpr const char* inSeekToStartOfData = "Kvt::Mrl::MrlIO::MorvaneBinaryReader::seekToStartOfData";
 constexpr const char* inReadKeywordData = "Kvt::Mrl::MrlIO::MorvaneBinaryReader::readKeywordData";
 
+/// Data that begin so near to a header are fetched together with it.
+constexpr std::int64_t nearBytes = 4096;
+
 /// There is no current keyword; only a position counts.
 constexpr auto noType = static_cast<ValueType::Enum>(8);
 
@@ -26,6 +31,17 @@ bool sizesMatch(const KeywordHeader& wanted, const KeywordHeader& found)
         return wanted.size() < 1 || wanted.size() == found.size();
     const std::int64_t remainder = wanted.second_size();
     return remainder < 1 || remainder == found.second_size();
+}
+
+/// Bytes from the start of the data to the end of an element, in records of the usual length. A hint, not a fact.
+std::int64_t usualBytes(const KeywordHeader& header, std::int64_t element)
+{
+    constexpr std::int64_t framing = 8;
+    constexpr std::int64_t enough = std::int64_t{1} << 30;
+    const ValueTypeLayout& layout = valueTypeLayout(header.valueType());
+    const int width = layout.readWidth != elementWidthVaries ? layout.readWidth : header.valueTypeInfo().intData();
+    const std::int64_t last = std::clamp<std::int64_t>(element, 0, enough);
+    return (last + 1) * width + (last / layout.blockLength + 1) * framing;
 }
 
 } // namespace
@@ -163,25 +179,19 @@ bool MorvaneBinaryReaderImpl::startSlice(const KeywordHeader& header, std::int64
     if (file_ == nullptr)
         fail<MrlIOException>(inReadKeywordData, ": no file open");
     noticeChanges(header);
-    expectSlice(header, first, last);
+    const std::int64_t bytes = usualBytes(header, last);
+    const bool nearHeader = usualBytes(header, first) < nearBytes;
+    file_->seekg(header.second_keywordLargePos());
+    if (nearHeader)
+        file_->expect(headerRecordLength + bytes);
     seekToData(header);
     if (header.size() == 0)
         return false;
     if (!file_->good())
         fail<MrlIOException>(inReadKeywordData, ": error reading file");
+    if (!nearHeader)
+        file_->expect(bytes);
     return true;
-}
-
-/// Tells the file what will be asked for, if it begins so near to the header that both come in one piece.
-void MorvaneBinaryReaderImpl::expectSlice(const KeywordHeader& header, std::int64_t first, std::int64_t last)
-{
-    constexpr std::int64_t nearHeader = 8 * 1024;
-    const ValueTypeLayout& layout = valueTypeLayout(header.valueType());
-    const int width = layout.readWidth != elementWidthVaries ? layout.readWidth : header.valueTypeInfo().intData();
-    if (width <= 0 || header.size() == 0 || arrayBytes(width, first) > nearHeader)
-        return;
-    file_->seekg(header.second_keywordLargePos());
-    file_->expect(headerRecordLength + DataSectionReaderImpl::usualBytes(width, last, layout.blockLength));
 }
 
 /// How many of the wanted elements can stand between here and the end of the file. Few are not worth asking for.

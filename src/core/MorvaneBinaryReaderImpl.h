@@ -50,7 +50,6 @@ private:
 
     void noticeChanges(const KeywordHeader& header);
     bool startSlice(const KeywordHeader& header, std::int64_t first, std::int64_t last);
-    void expectSlice(const KeywordHeader& header, std::int64_t first, std::int64_t last);
     std::int64_t heldElements(int width, std::int64_t wanted);
 
     const MorvaneReader& owner_;

@@ -113,7 +113,7 @@ void SummaryScan::beginMiniStep(DataFileWalk& walk)
 void SummaryScan::meetParams(const DataFileWalk& walk)
 {
     // A report step lies in one file: the next file has to begin one of its own.
-    if (!reportStep_ || reportStep_->fileName() != *file_)
+    if (!reportStep_ || (&reportStep_->fileName() != file_.get() && reportStep_->fileName() != *file_))
         fail<SummaryReaderException>(inInitialize, ": adding mini step to an unspecified report step");
     if (miniStep_ == noMiniStep)
         fail<SummaryReaderException>(inInitialize, ": PARAMS not associated with a MINISTEP in ", walk.fileName());

@@ -166,7 +166,7 @@ void SummaryWriterImpl::close()
     isOpen_ = false;
 }
 
-/// Writes the record of the open mini step, and before it the specification if that is due. False if no grid has values.
+/// Writes the record of the open mini step, and before it the spec file if that is due. False if no grid has values.
 bool SummaryWriterImpl::flushMiniStep(bool rewriteSpec)
 {
     if (!isSpecWritten_ || rewriteSpec)
@@ -182,7 +182,7 @@ bool SummaryWriterImpl::flushMiniStep(bool rewriteSpec)
     return true;
 }
 
-/// A specification that can't be written now stops no record; the next one tries again.
+/// A spec file that can't be written now stops no record; the next one tries again.
 void SummaryWriterImpl::tryToWriteSpec()
 {
     isSpecWritten_ = false;

@@ -32,7 +32,7 @@ struct SummaryWriterSetup
 };
 
 /// The steps of a summary writer: which calls are allowed when, which numbers and times the records carry, and when the
-/// specification is written.
+/// spec file is written.
 class SummaryWriterImpl
 {
 public:

@@ -15,7 +15,7 @@ namespace Kvt::Mrl::MrlIO {
 
 class KeywordWriter;
 
-/// What the specification file tells of a case beside its vectors and never changes.
+/// What the spec file tells of a case beside its vectors and never changes.
 struct SummaryCaseFacts
 {
     explicit SummaryCaseFacts(const GridSpec& gridOfCase) : grid(gridOfCase) {}
@@ -40,7 +40,7 @@ struct SummaryRunFacts
     std::optional<LocalTime> now;
 };
 
-/// Writes the keywords of a specification file.
+/// Writes the keywords of a spec file.
 /// throws   std::runtime_error for units that have no number in INTEHEAD
 void writeSummarySpec(KeywordWriter& out, const SummaryCaseFacts& summaryCase, const SummaryRunFacts& run,
                       const SummaryWriterVectors& vectors);

@@ -42,7 +42,7 @@ void SummaryWriterSpecFile::write(const SummaryCaseFacts& summaryCase, const Sum
 
 /// The file is emptied and written in one piece. Most of the time, though, this writer finds its own content of the same
 /// length, in which the clock alone has moved on: that is overwritten in place, so that a viewer that opens the file just
-/// then finds a whole specification and not an empty one.
+/// then finds a whole spec file and not an empty one.
 void SummaryWriterSpecFile::replace(std::string_view content)
 {
     const auto length = static_cast<std::int64_t>(content.size());

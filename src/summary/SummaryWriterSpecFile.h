@@ -10,7 +10,7 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-/// The specification file as a thing that is replaced whole.
+/// The spec file as a thing that is replaced whole.
 class SummaryWriterSpecFile
 {
 public:

@@ -10,7 +10,7 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-/// One vector as the specification file describes it.
+/// One vector as the spec file describes it.
 struct SummaryVectorRow
 {
     std::string keyword;
