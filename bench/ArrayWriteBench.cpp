@@ -30,7 +30,7 @@ void countBytes(benchmark::State& state)
 void BM_WriteReal_library(benchmark::State& state)
 {
     auto& keyword = record(state.range(0));
-    const std::string path = folder().file("WRITTEN");
+    const std::string path = writeFolder().file("WRITTEN");
     for (auto _ : state) {
         const auto writer = MorvaneWriterCreator::create(path.c_str(), MorvaneWriterCreator::Unformatted);
         if (!writer->writeKeyword(keyword) || !writer->endWrite())
@@ -42,7 +42,7 @@ void BM_WriteReal_library(benchmark::State& state)
 void BM_WriteReal_floor(benchmark::State& state)
 {
     const auto& values = record(state.range(0)).array();
-    const std::string path = folder().file("WRITTEN");
+    const std::string path = writeFolder().file("WRITTEN");
     for (auto _ : state) {
         HandWriter writer(path);
         writer.header("PRESSURE", static_cast<std::int32_t>(values.size()), "REAL");

@@ -19,12 +19,15 @@ namespace {
     std::exit(1);
 }
 
-std::string chooseFolder()
+std::string readParent()
 {
     const char* wanted = std::getenv("MRLIO_BENCH_DIR");
-    if (wanted != nullptr)
-        return wanted;
-    return ::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : std::filesystem::temp_directory_path().string();
+    return wanted != nullptr ? wanted : std::filesystem::temp_directory_path().string();
+}
+
+std::string writeParent()
+{
+    return ::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : readParent();
 }
 
 #if defined(__x86_64__)
@@ -43,9 +46,9 @@ void swapCopyPlain(const std::uint32_t* from, std::uint32_t* to, std::size_t cou
 
 } // namespace
 
-Folder::Folder()
+Folder::Folder(const std::string& parent)
 {
-    std::string pattern = chooseFolder() + "/mrlio-bench-XXXXXX";
+    std::string pattern = parent + "/mrlio-bench-XXXXXX";
     if (::mkdtemp(pattern.data()) == nullptr)
         giveUp(pattern);
     path_ = pattern;
@@ -59,7 +62,13 @@ Folder::~Folder()
 
 const Folder& folder()
 {
-    static const Folder instance;
+    static const Folder instance(readParent());
+    return instance;
+}
+
+const Folder& writeFolder()
+{
+    static const Folder instance(writeParent());
     return instance;
 }
 

@@ -14,11 +14,11 @@ constexpr std::size_t windowSize = 256 * 1024;
 constexpr std::size_t writeSize = 1024 * 1024;
 constexpr std::size_t blockLength = 1000;
 
-/// A folder for the files of one program, in memory where the system has such a place, removed at the end.
+/// A folder for the files of one program, removed at the end.
 class Folder
 {
 public:
-    Folder();
+    explicit Folder(const std::string& parent);
     ~Folder();
     Folder(const Folder&) = delete;
     Folder& operator=(const Folder&) = delete;
@@ -31,8 +31,13 @@ private:
     std::string path_;
 };
 
-/// The folder of this program.
+/// Where files are read from: the folder for temporary files, or what MRLIO_BENCH_DIR names. Its pages are warm, since the
+/// program has just written them.
 const Folder& folder();
+
+/// Where files are written: in memory if the system has such a place, since a disk that writes back at some moment or another
+/// would be all that is measured.
+const Folder& writeFolder();
 
 /// A descriptor that closes itself; the program ends with a message if the file can't be opened.
 class Descriptor

@@ -74,7 +74,7 @@ void BM_Print_library(benchmark::State& state)
 {
     record<Type>();
     for (auto _ : state)
-        writeFile<Type>(folder().file("LIBRARY.TXT"));
+        writeFile<Type>(writeFolder().file("LIBRARY.TXT"));
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(valueCount));
 }
 
@@ -83,7 +83,7 @@ void BM_Print_gfortran(benchmark::State& state)
 {
     const auto& values = record<Type>().array();
     for (auto _ : state)
-        Type::write(folder().file("FORTRAN.TXT").c_str(), values.data(), static_cast<std::int64_t>(values.size()));
+        Type::write(writeFolder().file("FORTRAN.TXT").c_str(), values.data(), static_cast<std::int64_t>(values.size()));
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(valueCount));
 }
 

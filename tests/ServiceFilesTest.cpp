@@ -11,11 +11,13 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <locale>
 #include <numeric>
 #include <random>
 #include <set>
+#include <unistd.h>
 #include <vector>
 
 using namespace Kvt::Mrl::Core::Service;
@@ -356,6 +358,14 @@ TEST(FileStream, ALockedFileDoesNotOpenAndKeepsItsContent)
     owner.close();
     other.open(dir.file("a"), rewriting | FileMode::Exclusive);
     EXPECT_TRUE(other.good());
+
+    // As if the owner had deleted the file between the opening and the lock.
+    const int descriptor = ::open(dir.file("gone").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    std::filesystem::remove(dir.file("gone"));
+    const std::string nameless = "/proc/self/fd/" + std::to_string(descriptor);
+    EXPECT_TRUE(FileStream(nameless, rewriting).is_open());
+    EXPECT_FALSE(FileStream(nameless, rewriting | FileMode::Exclusive).is_open());
+    ::close(descriptor);
 }
 
 TEST(FileStream, AFullDiskShowsAtFlushAndClose)
@@ -571,6 +581,29 @@ TEST(Directory, FindsAndDeletesByRegularExpression)
     missing.Find("", false, true, true, true, false, names);
     EXPECT_TRUE(names.empty());
     EXPECT_THROW(directory.Find("(", false, true, true, false, false, names), std::runtime_error);
+}
+
+TEST(Directory, FindPassesOverFoldersThatCannotBeRead)
+{
+    namespace fs = std::filesystem;
+    TempDir dir;
+    constexpr int count = 6; // of each kind, since a walk meets them in any order
+    for (int i = 0; i < count; ++i) {
+        fs::create_directory(dir.file("open" + std::to_string(i)));
+        writeBytes(dir.file("open" + std::to_string(i) + "/C.S0001"), "");
+        fs::create_directory(dir.file("closed" + std::to_string(i)));
+        fs::permissions(dir.file("closed" + std::to_string(i)), fs::perms::none);
+    }
+    const bool isRoot = ::geteuid() == 0; // who may read everything
+    if (isRoot && ::seteuid(65534) != 0)
+        GTEST_SKIP();
+    std::vector<std::string> files;
+    std::vector<std::string> all;
+    Directory(dir.path()).Find("S0001", false, true, false, true, false, files);
+    Directory(dir.path()).Find("", false, true, true, true, false, all);
+    ASSERT_TRUE(!isRoot || ::seteuid(0) == 0);
+    EXPECT_EQ(files.size(), count);
+    EXPECT_EQ(all.size(), 3 * count);
 }
 
 TEST(FileUtils, RemovesFilesOnlyAndSaysWhenItCannot)

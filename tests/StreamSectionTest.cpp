@@ -133,6 +133,11 @@ TEST(StreamSection, OnlyAnOpenSectionWithContentRewinds)
     section.stream() << "x";
     section.stream().setstate(std::ios_base::badbit);
     EXPECT_EQ(errorOf([&] { section.rewind(); }), "Problem encountered reading file : " + dir.file("CASE_A.tmp"));
+
+    // A failed stream is no reason to empty the file.
+    section.close();
+    section.stream() << "y";
+    EXPECT_EQ(contentOf(section.rewind()), "xy");
 }
 
 TEST(StreamSection, TellsWhenTheFileCannotBeOpened)
@@ -195,6 +200,10 @@ TEST(StreamSection, KeepsItsPlaceIfTheFileCannotBeRemoved)
     writeBytes(file, "back");
     section.stream() << " again";
     section.close();
+    EXPECT_EQ(readBytes(file), "back again");
+
+    const Service::FileStream otherOwner(file, FileMode::Read | FileMode::Exclusive);
+    section.remove();
     EXPECT_EQ(readBytes(file), "back again");
 }
 

@@ -11,9 +11,11 @@
 
 #include <csignal>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <set>
 #include <sys/resource.h>
+#include <unistd.h>
 
 using namespace MrlIOTest;
 using ::testing::ElementsAre;
@@ -301,6 +303,33 @@ TEST_F(SummaryWriterFilesTest, SpecFileIsReplacedWhole)
     plant("CASE.SMSPEC"); // somebody else wrote it meanwhile
     writer->nextMiniStep(0.0F, true);
     EXPECT_EQ(readBytes(dir.file("CASE.SMSPEC")), small);
+}
+
+TEST_F(SummaryWriterFilesTest, OldSpecFileStaysUntilTheNewOneIsWhole)
+{
+    auto writer = makeWriter();
+    std::filesystem::create_directory(dir.file("elsewhere"));
+    std::filesystem::create_symlink("elsewhere/spec", dir.file("CASE.SMSPEC"));
+    plant("elsewhere/spec");
+    writer->nextMiniStep(0.0F, false);
+    const std::string old = readBytes(dir.file("CASE.SMSPEC"));
+    {
+        const FileSizeLimit limit(old.size() / 2);
+        writer->nextMiniStep(0.0F, true);
+    }
+    EXPECT_EQ(readBytes(dir.file("CASE.SMSPEC")), old);
+
+    const int viewer = ::open(dir.file("CASE.SMSPEC").c_str(), O_RDONLY);
+    writer->updateArraySpec(VectorSpec{{.keyword = "FOE", .units = "BARSA"}});
+    writer->nextMiniStep(0.0F, true);
+    std::string seen(old.size(), ' ');
+    EXPECT_EQ(::pread(viewer, seen.data(), seen.size(), 0), static_cast<ssize_t>(seen.size()));
+    ::close(viewer);
+    EXPECT_EQ(seen, old);
+    EXPECT_NE(readBytes(dir.file("elsewhere/spec")), old);
+    EXPECT_TRUE(std::filesystem::is_symlink(dir.file("CASE.SMSPEC")));
+    EXPECT_EQ(files(), (std::set<std::string>{"CASE.SMSPEC", "elsewhere"}));
+    EXPECT_FALSE(std::filesystem::exists(dir.file("elsewhere/spec.new")));
 }
 
 TEST_F(SummaryWriterFilesTest, StrictModeStaysOnForTheProcess)

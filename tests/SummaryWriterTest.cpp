@@ -322,6 +322,36 @@ TEST_F(SummaryWriterTest, DescriptionsAreCheckedBeforeAnythingChanges)
     EXPECT_EQ(specLine("NUMLX"), "NUMLX 0 0 0 1");
 }
 
+TEST_F(SummaryWriterTest, ClientsThatThrowOrChangeTheirMindLeaveTheStepIntact)
+{
+    struct Growing : VectorSpec
+    {
+        using VectorSpec::VectorSpec;
+
+        int size() const override { return asked++ == 0 ? 1 : 2; }
+
+        mutable int asked = 0;
+    };
+
+    struct Failing : Values
+    {
+        using Values::Values;
+
+        float value(int i) const override { return i == 0 ? -1.0F : throw std::out_of_range("no value"); }
+    };
+
+    auto writer = makeWriter();
+    writer->addArraySpec(VectorSpec{{.keyword = "FPR"}});
+    writer->updateArraySpec(Growing{{.keyword = "FOPR"}, {.keyword = "FOPT"}});
+    writer->addArraySpec("LGR1", VectorSpec{{.keyword = "LBPR"}, {.keyword = "LBPR"}});
+    writer->writeArray(Values{1.0F});
+    EXPECT_THROW(writer->writeArray("LGR1", Failing{0.0F, 0.0F}), std::out_of_range);
+    writer->writeArray("LGR1", Values{2.0F, 3.0F});
+    writer->close();
+    EXPECT_EQ(specLine("KEYWORDS"), "KEYWORDS [TIME] [YEARS] [FOPR] [LBPR] [LBPR]");
+    EXPECT_THAT(data("S0001"), ElementsAre("SEQHDR 0", "MINISTEP 0", "PARAMS 0 0 1 2 3"));
+}
+
 TEST_F(SummaryWriterTest, UpdatesWaitForTheNextSpecFile)
 {
     auto writer = makeWriter();

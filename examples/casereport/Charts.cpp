@@ -3,6 +3,7 @@
 #include "Vectors.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -44,8 +45,8 @@ constexpr std::size_t mostCurves = 16; ///< more can't be told apart in one pict
 
 std::string periodText(const ISimpleSummaryReader& reader, const CaseCalendar& calendar)
 {
-    const std::vector<float>& days = reader.timeStepDays();
-    return days.empty() ? "no steps yet" : calendar.textAt(0) + " to " + calendar.textAt(days.back());
+    const std::vector<float>& times = reader.timeStepDays();
+    return times.empty() ? "no steps yet" : calendar.textAt(0) + " to " + calendar.textAt(calendar.days(times.back()));
 }
 
 /// Wells without any value but zero say nothing in a picture of rates.
@@ -57,13 +58,19 @@ bool isAllZero(const std::vector<float>& values)
 void addCurve(Chart& chart, const ISimpleSummaryReader& reader, const SummaryVectorIDParams& vector, bool alone)
 {
     const auto values = reader.getValues(vector);
-    if (!values || isAllZero(*values) || chart.curves.size() == mostCurves)
+    if (!values || isAllZero(*values))
         return;
-    const std::vector<float>& days = reader.timeStepDays();
+    if (chart.curves.size() == mostCurves) {
+        ++chart.leftOut;
+        return;
+    }
+    const CaseCalendar calendar(reader);
+    const std::vector<float>& times = reader.timeStepDays();
     Curve curve;
     curve.label = alone && !placeOf(vector).empty() ? placeOf(vector) : labelOf(vector);
-    for (std::size_t n = 0; n < std::min(values->size(), days.size()); ++n)
-        curve.points.emplace_back(days[n], (*values)[n]);
+    for (std::size_t n = 0; n < std::min(values->size(), times.size()); ++n)
+        if (std::isfinite(times[n]))
+            curve.points.emplace_back(calendar.days(times[n]), (*values)[n]);
     chart.units = reader.unit(vector);
     chart.curves.push_back(std::move(curve));
 }
@@ -90,12 +97,12 @@ void writeFile(const std::filesystem::path& path, const std::string& text)
 std::string indexPage(const std::string& caseName, const std::vector<std::string>& pictures)
 {
     std::string page =
-        "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" + caseName +
+        "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" + escapeXml(caseName) +
         "</title><style>body{font-family:sans-serif;background:#f4f4f4;margin:24px}"
         "img{background:#fff;margin:8px;box-shadow:0 1px 4px #0003;max-width:100%}</style></head><body>\n<h1>" +
-        caseName + "</h1>\n";
+        escapeXml(caseName) + "</h1>\n";
     for (const std::string& picture : pictures)
-        page += "<img src=\"" + picture + "\" alt=\"" + picture + "\">\n";
+        page.append("<img src=\"").append(picture).append("\" alt=\"").append(picture).append("\">\n");
     return page + "</body></html>\n";
 }
 
@@ -103,10 +110,12 @@ std::string indexPage(const std::string& caseName, const std::vector<std::string
 
 std::vector<Chart> makeCharts(const ISimpleSummaryReader& reader, const std::string& caseName)
 {
-    const CaseCalendar calendar(reader.startDate());
+    const CaseCalendar calendar(reader);
     std::vector<Chart> charts;
     for (const ChartPlan& plan : plans()) {
-        Chart chart{plan.title, "Case " + caseName + ", " + periodText(reader, calendar), "", {}};
+        Chart chart;
+        chart.title = plan.title;
+        chart.subtitle = "Case " + caseName + ", " + periodText(reader, calendar);
         for (const char* keyword : plan.keywords)
             for (const SummaryVectorIDParams& vector : vectorsOf(reader, keyword))
                 addCurve(chart, reader, vector, plan.keywords.size() == 1);
@@ -120,7 +129,7 @@ std::vector<std::string> writeCharts(const ISimpleSummaryReader& reader, const s
                                      const std::string& directory)
 {
     std::filesystem::create_directories(directory);
-    const CaseCalendar calendar(reader.startDate());
+    const CaseCalendar calendar(reader);
     std::vector<std::string> pictures;
     for (const Chart& chart : makeCharts(reader, caseName)) {
         pictures.push_back(fileName(chart.title));

@@ -11,9 +11,8 @@ struct Options
 {
     std::string directory;
     std::string caseName;
-    std::vector<std::string>
-        vectors;                ///< for the table: KEYWORD, KEYWORD:NAME or KEYWORD:NUMBER; empty for a choice of ours
-    std::string chartDirectory; ///< empty for no charts
+    std::vector<std::string> vectors; ///< for the table, as vectorsNamed takes them; empty for a choice of ours
+    std::string chartDirectory;       ///< empty for no charts
     int tableRows = 25;
     bool follow = false;
     bool cache = true; ///< use and write the content cache

@@ -168,16 +168,16 @@ void printFiles(std::ostream& out, const std::string& directory, const std::stri
 
 void printSummary(std::ostream& out, const ISimpleSummaryReader& reader)
 {
-    const CaseCalendar calendar(reader.startDate());
-    const std::vector<float>& days = reader.timeStepDays();
+    const CaseCalendar calendar(reader);
+    const std::vector<float>& times = reader.timeStepDays();
     out << "\nSummary\n  grid: " << reader.NX() << " x " << reader.NY() << " x " << reader.NZ() << "\n";
     for (const std::string& grid : reader.LGRs())
         out << "  local grid: " << grid << "\n";
     out << "  report steps: " << reader.reportStepDays().size() << ", mini steps: " << reader.miniTimeSteps().size()
         << "\n";
-    if (!days.empty())
-        out << "  from " << calendar.textAt(0) << " to " << calendar.textAt(days.back()) << ", " << std::fixed
-            << std::setprecision(1) << days.back() << " " << reader.unit(reader.timeVectorID()) << "\n";
+    if (!times.empty())
+        out << "  from " << calendar.textAt(0) << " to " << calendar.textAt(calendar.days(times.back())) << ", "
+            << std::fixed << std::setprecision(1) << times.back() << " " << reader.unit(reader.timeVectorID()) << "\n";
     out << "  vectors: " << reader.allVectorIDs().size() << "\n";
     printKinds(out, reader);
 }
@@ -185,9 +185,12 @@ void printSummary(std::ostream& out, const ISimpleSummaryReader& reader)
 void printTable(std::ostream& out, const ISimpleSummaryReader& reader, const std::vector<std::string>& vectors,
                 int mostRows)
 {
+    for (const std::string& text : vectors)
+        if (vectorsNamed(reader, text).empty())
+            out << "\nThere is no vector " << text << ".\n";
     const std::vector<Column> columns = makeColumns(reader, vectors.empty() ? usualVectors() : vectors);
     const std::vector<std::size_t> places = reportStepPlaces(reader);
-    const CaseCalendar calendar(reader.startDate());
+    const CaseCalendar calendar(reader);
     out << "\n" << std::left << std::setw(12) << "date" << std::right << std::setw(10) << "days";
     for (const Column& column : columns)
         out << std::setw(16) << column.label;
@@ -200,13 +203,12 @@ void printTable(std::ostream& out, const ISimpleSummaryReader& reader, const std
     for (std::size_t n = 0; n < places.size(); ++n) {
         if ((places.size() - 1 - n) % std::max<std::size_t>(stride, 1) != 0)
             continue;
-        const double day = reader.timeStepDays()[places[n]];
+        const double day = calendar.days(reader.timeStepDays()[places[n]]);
         out << std::left << std::setw(12) << calendar.textAt(day) << std::right << std::fixed << std::setprecision(1)
             << std::setw(10) << day;
         for (const Column& column : columns)
             if (places[n] < column.values->size())
-                out << std::setprecision(4) << std::defaultfloat << std::setw(16) << std::setprecision(6)
-                    << (*column.values)[places[n]];
+                out << std::defaultfloat << std::setprecision(6) << std::setw(16) << (*column.values)[places[n]];
         out << "\n";
     }
 }

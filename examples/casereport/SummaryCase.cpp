@@ -24,11 +24,6 @@ bool writerIsDone(const std::string& specFile)
     return false;
 }
 
-std::int64_t lengthOf(const std::vector<std::string>& files)
-{
-    return files.size() == 1 ? Service::FileName(files.front()).FileLength() : 0;
-}
-
 } // namespace
 
 SummaryCase::SummaryCase(std::string directory, std::string caseName, bool cache)
@@ -37,7 +32,7 @@ SummaryCase::SummaryCase(std::string directory, std::string caseName, bool cache
       cache_(cache)
 {}
 
-bool SummaryCase::refresh()
+bool SummaryCase::refresh(Extent extent)
 {
     try {
         const CaseFileFinder finder(caseName_, directory_);
@@ -51,12 +46,11 @@ bool SummaryCase::refresh()
         const auto files = FileFinders::Summary::findSummaryFiles(finder, DataFormat::DefaultAll());
         const bool unified = files.size() == 1 && FileIdentifiers::Summary::isUnified(files.front());
         if (reader_ && !unified)
-            return readOn(settledFiles(files));
-        if (reader_ && lengthOf(files) == lengthRead_)
+            return reader_->readNewData(wantedFiles(files, extent));
+        const std::int64_t length = unified ? Service::FileName(files.front()).FileLength() : 0;
+        if (reader_ && length == lengthRead_)
             return false;
-        const std::int64_t length = lengthOf(files);
-        if (!open(specFile, unified ? files : settledFiles(files)))
-            return false;
+        open(specFile, unified ? files : wantedFiles(files, extent));
         lengthRead_ = length;
         return true;
     } catch (const std::exception& error) {
@@ -67,25 +61,19 @@ bool SummaryCase::refresh()
     }
 }
 
-std::vector<std::string> SummaryCase::settledFiles(const std::vector<std::string>& files) const
+std::vector<std::string> SummaryCase::wantedFiles(const std::vector<std::string>& files, Extent extent) const
 {
-    if (finished_ || files.empty())
+    if (extent == Extent::All || finished_ || files.empty())
         return files;
     return {files.begin(), files.end() - 1};
 }
 
-bool SummaryCase::open(const std::string& specFile, const std::vector<std::string>& files)
+void SummaryCase::open(const std::string& specFile, const std::vector<std::string>& files)
 {
     const auto behaviour = cache_ ? ISummaryReader::ReadWriteCache : ISummaryReader::NoCache;
     const auto spec = std::make_shared<SummarySpecData>(specFile);
     reader_ = SimpleSummaryReader::create(spec, files, directory_, caseName_, behaviour);
     trouble_.clear();
-    return true;
-}
-
-bool SummaryCase::readOn(const std::vector<std::string>& files)
-{
-    return reader_->readNewData(files);
 }
 
 } // namespace casereport

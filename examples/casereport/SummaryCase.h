@@ -14,11 +14,17 @@ class SummaryCase
 public:
     SummaryCase(std::string directory, std::string caseName, bool cache);
 
-    /// Takes in what the case has grown by. A file per report step is taken once the next one exists, since it may grow
-    /// until then, and through the reader at hand; a unified file that has grown takes a new reader. Gives true if
-    /// there is something new. A case that isn't there yet, or whose files are being replaced at the moment, gives
-    /// false.
-    bool refresh();
+    /// How much of a split set of files is wanted.
+    enum class Extent
+    {
+        Settled, ///< without the last file, to which its writer may still add
+        All      ///< as it stands; nothing that the last file grows by is taken in later
+    };
+
+    /// Takes in what the case has grown by: new files of a split set through the reader at hand, a unified file that
+    /// has grown through a new reader. Gives true if there is something new. A case that isn't there yet, or whose files
+    /// are being replaced at the moment, gives false.
+    bool refresh(Extent extent);
 
     /// True once the writer has closed the case for good.
     bool finished() const { return finished_; }
@@ -30,9 +36,8 @@ public:
     const std::string& trouble() const { return trouble_; }
 
 private:
-    std::vector<std::string> settledFiles(const std::vector<std::string>& files) const;
-    bool open(const std::string& specFile, const std::vector<std::string>& files);
-    bool readOn(const std::vector<std::string>& files);
+    std::vector<std::string> wantedFiles(const std::vector<std::string>& files, Extent extent) const;
+    void open(const std::string& specFile, const std::vector<std::string>& files);
 
     std::string directory_, caseName_;
     bool cache_;

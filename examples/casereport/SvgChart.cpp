@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
+#include <numeric>
 #include <sstream>
 
 namespace casereport {
@@ -13,6 +15,9 @@ namespace {
 constexpr double width = 960, height = 540;
 constexpr double left = 92, right = 190, top = 74, bottom = 62;
 constexpr double plotWidth = width - left - right, plotHeight = height - top - bottom;
+constexpr double mostDays = 2e6;         ///< of the time axis
+constexpr double longestInDays = 80.0;   ///< a longer time axis counts in months
+constexpr double smallPart = 1e-6;       ///< of a day, which rounding may take off a midnight
 constexpr std::size_t mostPoints = 2000; ///< a curve of more is thinned; no screen shows the rest
 
 /// Told apart by people with any kind of colour vision.
@@ -37,24 +42,6 @@ struct Scales
     double y(double value) const { return top + plotHeight * (1.0 - values.fraction(value)); }
 };
 
-std::string escape(const std::string& text)
-{
-    std::string escaped;
-    for (char c : text) {
-        if (c == '&')
-            escaped += "&amp;";
-        else if (c == '<')
-            escaped += "&lt;";
-        else if (c == '>')
-            escaped += "&gt;";
-        else if (c == '"')
-            escaped += "&quot;";
-        else
-            escaped += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
-    }
-    return escaped;
-}
-
 /// The smallest of 1, 2, 2.5 and 5 times a power of ten that makes at most so many steps of a span.
 double roundStep(double span, int mostSteps)
 {
@@ -74,6 +61,7 @@ Range dayRange(const Chart& chart)
             range.high = std::max(range.high, point.first);
     if (range.high <= 0.0)
         range.high = 1.0;
+    range.high = std::min(range.high, mostDays);
     return range;
 }
 
@@ -91,9 +79,11 @@ Range valueRange(const Chart& chart)
         return {0.0, 1.0};
     if (range.low > 0.0 && range.low < 0.5 * range.high)
         range.low = 0.0;
-    if (range.high - range.low < 1e-9 * std::max(1.0, std::abs(range.high))) {
-        range.low -= 0.5 * std::max(1.0, std::abs(range.low));
-        range.high += 0.5 * std::max(1.0, std::abs(range.high));
+    const double size = std::max(std::abs(range.low), std::abs(range.high));
+    if (range.high - range.low < 1e-6 * size || size == 0.0) { // a constant, with no more than the noise of a float
+        const double room = size > 0.0 ? 0.1 * size : 0.5;
+        range.low -= room;
+        range.high += room;
     }
     return range;
 }
@@ -138,18 +128,41 @@ void drawText(std::ostream& out, double x, double y, const char* style, const st
     out << "<text x=\"" << x << "\" y=\"" << y << "\" " << style << ">" << text << "</text>\n";
 }
 
+/// The power of a thousand in which an axis counts, so that its numbers stay short; mostly 0.
+int axisPower(const Range& range)
+{
+    const double largest = std::max(std::abs(range.low), std::abs(range.high));
+    const bool isShort = largest >= 1e-3 && largest < 1e7;
+    return isShort ? 0 : 3 * static_cast<int>(std::floor(std::log10(largest) / 3.0));
+}
+
+std::string axisLabel(const std::string& units, int power)
+{
+    constexpr std::array<const char*, 10> raised{"⁰", "¹", "²", "³", "⁴", "⁵", "⁶", "⁷", "⁸", "⁹"};
+    std::string label = units.empty() ? "fraction" : escapeXml(units);
+    if (power == 0)
+        return label;
+    label += power < 0 ? " × 10⁻" : " × 10";
+    for (const char digit : std::to_string(std::abs(power)))
+        label += raised[static_cast<std::size_t>(digit - '0')];
+    return label;
+}
+
 void drawValueAxis(std::ostream& out, const Chart& chart, const Scales& scales)
 {
+    const int power = axisPower(scales.values);
+    const double one = std::pow(10.0, power);
     const int steps = static_cast<int>(std::lround((scales.values.high - scales.values.low) / scales.valueStep));
     for (int n = 0; n <= steps; ++n) {
         const double value = scales.values.low + n * scales.valueStep;
         const double y = scales.y(value);
         out << "<line class=\"grid\" x1=\"" << left << "\" x2=\"" << left + plotWidth << "\" y1=\"" << y << "\" y2=\""
             << y << "\"/>\n";
-        drawText(out, left - 10, y + 4, "class=\"tick\" text-anchor=\"end\"", numberText(value, scales.valueStep));
+        drawText(out, left - 10, y + 4, "class=\"tick\" text-anchor=\"end\"",
+                 numberText(value / one, scales.valueStep / one));
     }
     out << "<text class=\"axis\" text-anchor=\"middle\" transform=\"translate(24," << top + plotHeight / 2
-        << ") rotate(-90)\">" << (chart.units.empty() ? "fraction" : escape(chart.units)) << "</text>\n";
+        << ") rotate(-90)\">" << axisLabel(chart.units, power) << "</text>\n";
 }
 
 /// Months between two dates on the axis, so that there are at most about ten.
@@ -161,21 +174,55 @@ int monthsBetweenTicks(double days)
     return 1200;
 }
 
+struct Tick
+{
+    double days;
+    std::string label;
+};
+
+/// Firsts of months, or of years.
+std::vector<Tick> monthTicks(const Range& range, const CaseCalendar& calendar)
+{
+    const int months = monthsBetweenTicks(range.high - range.low);
+    const auto first = calendar.dateAt(range.low);
+    std::chrono::year_month month = months >= 12 ? first.year() / std::chrono::January : first.year() / first.month();
+    std::vector<Tick> ticks;
+    for (; calendar.daysAt(month / 1) <= range.high; month += std::chrono::months(months)) {
+        const double days = calendar.daysAt(month / 1);
+        if (days >= range.low)
+            ticks.push_back({days, calendar.textAt(days + smallPart).substr(0, months >= 12 ? 4 : 7)});
+    }
+    return ticks;
+}
+
+/// Days, or full hours, for a range of some weeks at most.
+std::vector<Tick> hourTicks(const Range& range, const CaseCalendar& calendar)
+{
+    constexpr int spacings[] = {1, 3, 6, 12, 24, 48, 120, 240};
+    const double most = 24.0 * (range.high - range.low) / 7.0;
+    const int* spacing = std::find_if(std::begin(spacings), std::end(spacings) - 1, [&](int h) { return h >= most; });
+    const double firstMidnight = calendar.daysAt(calendar.dateAt(range.low));
+    std::vector<Tick> ticks;
+    for (int hours = 0; firstMidnight + hours / 24.0 <= range.high + smallPart; hours += *spacing) {
+        const double days = firstMidnight + hours / 24.0;
+        if (days < range.low - smallPart)
+            continue;
+        std::string label = calendar.textAt(days + smallPart);
+        if (*spacing < 24)
+            label = label.substr(5) + (hours % 24 < 10 ? " 0" : " ") + std::to_string(hours % 24) + ":00";
+        ticks.push_back({days, std::move(label)});
+    }
+    return ticks;
+}
+
 void drawTimeAxis(std::ostream& out, const Scales& scales, const CaseCalendar& calendar)
 {
-    const int months = monthsBetweenTicks(scales.days.high - scales.days.low);
-    const auto first = calendar.dateAt(scales.days.low);
-    std::chrono::year_month month = months >= 12 ? first.year() / std::chrono::January : first.year() / first.month();
-    for (; calendar.daysAt(month / 1) <= scales.days.high; month += std::chrono::months(months)) {
-        const double days = calendar.daysAt(month / 1);
-        if (days < scales.days.low)
-            continue;
-        const double x = scales.x(days);
+    const bool isLong = scales.days.high - scales.days.low > longestInDays;
+    for (const Tick& tick : isLong ? monthTicks(scales.days, calendar) : hourTicks(scales.days, calendar)) {
+        const double x = scales.x(tick.days);
         out << "<line class=\"grid\" x1=\"" << x << "\" x2=\"" << x << "\" y1=\"" << top << "\" y2=\""
             << top + plotHeight + 5 << "\"/>\n";
-        const std::string text = calendar.textAt(days);
-        drawText(out, x, top + plotHeight + 22, "class=\"tick\" text-anchor=\"middle\"",
-                 months >= 12 ? text.substr(0, 4) : text.substr(0, 7));
+        drawText(out, x, top + plotHeight + 22, "class=\"tick\" text-anchor=\"middle\"", tick.label);
     }
     drawText(out, left + plotWidth / 2, height - 16, "class=\"axis\" text-anchor=\"middle\"", "Date");
 }
@@ -189,23 +236,54 @@ std::string curveStyle(std::size_t n)
     return style;
 }
 
+/// All points of a curve, or the smallest and the largest value of each run of them if there are many, so that peaks
+/// stay.
+std::vector<std::size_t> placesToDraw(const Curve& curve)
+{
+    const std::size_t stride = 1 + 2 * curve.points.size() / mostPoints;
+    std::vector<std::size_t> places;
+    const auto isLower = [&](std::size_t a, std::size_t b) { return curve.points[a].second < curve.points[b].second; };
+    for (std::size_t first = 0; first < curve.points.size(); first += stride) {
+        std::vector<std::size_t> run(std::min(stride, curve.points.size() - first));
+        std::iota(run.begin(), run.end(), first);
+        auto [low, high] = std::minmax_element(run.begin(), run.end(), isLower);
+        const auto [from, to] = std::minmax(*low, *high);
+        places.push_back(from);
+        if (to != from)
+            places.push_back(to);
+    }
+    return places;
+}
+
+/// The points to draw, in stretches between values that can't be drawn.
+std::vector<std::vector<std::size_t>> stretches(const Curve& curve)
+{
+    std::vector<std::vector<std::size_t>> result(1);
+    for (const std::size_t p : placesToDraw(curve))
+        if (std::isfinite(curve.points[p].second))
+            result.back().push_back(p);
+        else if (!result.back().empty())
+            result.emplace_back();
+    return result;
+}
+
 void drawCurve(std::ostream& out, const Curve& curve, const Scales& scales, std::size_t n)
 {
-    const std::size_t stride = 1 + curve.points.size() / mostPoints;
-    out << "<path class=\"curve\" " << curveStyle(n) << " d=\"";
-    bool drawing = false;
-    for (std::size_t p = 0; p < curve.points.size(); ++p) {
-        if (p % stride != 0 && p + 1 != curve.points.size())
-            continue;
-        const auto& [day, value] = curve.points[p];
-        if (!std::isfinite(value)) {
-            drawing = false;
-            continue;
+    for (const std::vector<std::size_t>& stretch : stretches(curve)) {
+        if (stretch.size() == 1) {
+            const auto& [day, value] = curve.points[stretch.front()];
+            out << "<circle fill=\"" << colours[n % colours.size()] << "\" cx=\"" << scales.x(day) << "\" cy=\""
+                << scales.y(value) << "\" r=\"4\"/>\n";
+        } else if (!stretch.empty()) {
+            out << "<path class=\"curve\" " << curveStyle(n) << " d=\"";
+            char command = 'M';
+            for (const std::size_t p : stretch) {
+                out << command << scales.x(curve.points[p].first) << " " << scales.y(curve.points[p].second);
+                command = 'L';
+            }
+            out << "\"/>\n";
         }
-        out << (drawing ? "L" : "M") << scales.x(day) << " " << scales.y(value);
-        drawing = true;
     }
-    out << "\"/>\n";
 }
 
 void drawLegend(std::ostream& out, const Chart& chart)
@@ -217,8 +295,11 @@ void drawLegend(std::ostream& out, const Chart& chart)
         const double y = top + 10 + lineHeight * static_cast<double>(n);
         out << "<line class=\"curve\" " << curveStyle(n) << " x1=\"" << x << "\" x2=\"" << x + 26 << "\" y1=\"" << y
             << "\" y2=\"" << y << "\"/>\n";
-        drawText(out, x + 34, y + 4, "class=\"legend\"", escape(chart.curves[n].label));
+        drawText(out, x + 34, y + 4, "class=\"legend\"", escapeXml(chart.curves[n].label));
     }
+    if (chart.leftOut > 0)
+        drawText(out, x, top + 10 + lineHeight * static_cast<double>(chart.curves.size()), "class=\"legend\"",
+                 "and " + std::to_string(chart.leftOut) + " more");
 }
 
 constexpr const char* styles = "<style>text{font-family:'DejaVu Sans',Verdana,sans-serif;fill:#222}"
@@ -229,6 +310,24 @@ constexpr const char* styles = "<style>text{font-family:'DejaVu Sans',Verdana,sa
 
 } // namespace
 
+std::string escapeXml(const std::string& text)
+{
+    std::string escaped;
+    for (char c : text) {
+        if (c == '&')
+            escaped += "&amp;";
+        else if (c == '<')
+            escaped += "&lt;";
+        else if (c == '>')
+            escaped += "&gt;";
+        else if (c == '"')
+            escaped += "&quot;";
+        else
+            escaped += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
+    }
+    return escaped;
+}
+
 std::string drawChart(const Chart& chart, const CaseCalendar& calendar)
 {
     const Scales scales = makeScales(chart);
@@ -238,8 +337,8 @@ std::string drawChart(const Chart& chart, const CaseCalendar& calendar)
     out << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << width << " " << height << "\" width=\""
         << width << "\" height=\"" << height << "\">\n"
         << styles << "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
-    drawText(out, left, 32, "class=\"title\"", escape(chart.title));
-    drawText(out, left, 54, "class=\"subtitle\"", escape(chart.subtitle));
+    drawText(out, left, 32, "class=\"title\"", escapeXml(chart.title));
+    drawText(out, left, 54, "class=\"subtitle\"", escapeXml(chart.subtitle));
     drawValueAxis(out, chart, scales);
     drawTimeAxis(out, scales, calendar);
     out << "<rect class=\"frame\" x=\"" << left << "\" y=\"" << top << "\" width=\"" << plotWidth << "\" height=\""

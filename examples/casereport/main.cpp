@@ -19,10 +19,10 @@ using Clock = std::chrono::steady_clock;
 
 void printProgress(const Kvt::Mrl::MrlIO::ISimpleSummaryReader& reader)
 {
-    const std::vector<float>& days = reader.timeStepDays();
-    const double day = days.empty() ? 0.0 : days.back();
+    const std::vector<float>& times = reader.timeStepDays();
+    const CaseCalendar calendar(reader);
     std::printf("following: %4zu report steps, %6zu mini steps, up to %s\n", reader.reportStepDays().size(),
-                days.size(), CaseCalendar(reader.startDate()).textAt(day).c_str());
+                times.size(), calendar.textAt(times.empty() ? 0.0 : calendar.days(times.back())).c_str());
     std::fflush(stdout);
 }
 
@@ -33,20 +33,19 @@ void show(const Options& options, const SummaryCase& summary)
         writeCharts(*summary.reader(), options.caseName, options.chartDirectory);
 }
 
-/// Looks again and again until the case's writer is done, or nothing has come for too long.
-void follow(const Options& options, SummaryCase& summary)
+/// Looks again and again until the case's writer is done, or nothing has come for too long, which gives false.
+bool follow(const Options& options, SummaryCase& summary)
 {
     Clock::time_point lastNews = Clock::now();
     while (true) {
-        if (summary.refresh()) {
+        if (summary.refresh(SummaryCase::Extent::Settled)) {
             lastNews = Clock::now();
             show(options, summary);
         }
         if (summary.finished() && summary.reader() != nullptr)
-            return;
+            return true;
         if (Clock::now() - lastNews > options.patience)
-            throw std::runtime_error("nothing new for too long" +
-                                     (summary.trouble().empty() ? std::string() : ": " + summary.trouble()));
+            return false;
         std::this_thread::sleep_for(options.interval);
     }
 }
@@ -64,34 +63,45 @@ void report(const Options& options, const SummaryCase& summary)
         std::cout << "  " << picture << "\n";
 }
 
-void run(const Options& options)
+/// False if a case that was followed came to a halt before its writer was done. What there is of it is reported all the
+/// same.
+bool run(const Options& options)
 {
     SummaryCase summary(options.directory, options.caseName, options.cache);
-    if (options.follow)
-        follow(options, summary);
-    else
-        summary.refresh();
+    const bool isWhole = !options.follow || follow(options, summary);
+    if (!isWhole)
+        std::cerr << "casereport: nothing new for " << options.patience.count()
+                  << " seconds, and the writer isn't done\n";
+    summary.refresh(SummaryCase::Extent::All);
     if (summary.reader() == nullptr)
         throw std::runtime_error(summary.trouble());
     report(options, summary);
+    return isWhole;
+}
+
+int complain(const std::exception& error, const char* advice, int exitStatus)
+{
+    std::cerr << "casereport: " << error.what() << "\n" << advice;
+    return exitStatus;
 }
 
 } // namespace
 
 int main(int argumentCount, char** arguments)
 {
+    Options options;
     try {
-        const Options options = parseOptions(argumentCount, arguments);
-        if (options.help)
-            std::cout << usage;
-        else
-            run(options);
-        return 0;
-    } catch (const std::invalid_argument& error) {
-        std::cerr << "casereport: " << error.what() << "\n" << usage;
-        return 2;
+        options = parseOptions(argumentCount, arguments);
     } catch (const std::exception& error) {
-        std::cerr << "casereport: " << error.what() << "\n";
-        return 1;
+        return complain(error, usage, 2);
+    }
+    if (options.help) {
+        std::cout << usage;
+        return 0;
+    }
+    try {
+        return run(options) ? 0 : 1;
+    } catch (const std::exception& error) {
+        return complain(error, "", 1);
     }
 }

@@ -1,7 +1,7 @@
 #include "Options.h"
 
 #include <charconv>
-#include <cstring>
+#include <limits>
 #include <stdexcept>
 #include <string_view>
 #include <vector>
@@ -24,12 +24,15 @@ const char* const usage = "Usage: waterflood DIRECTORY CASE [options]\n"
 
 namespace {
 
+constexpr double mostYears = 1000.0;
+
 template <class Number>
-Number parseNumber(std::string_view text, const std::string& option, Number least)
+Number parseNumber(std::string_view text, const std::string& option, Number least,
+                   Number most = std::numeric_limits<Number>::max())
 {
     Number value{};
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || !(value >= least))
+    if (error != std::errc() || end != text.data() + text.size() || !(value >= least && value <= most))
         throw std::invalid_argument("bad value for " + option + ": " + std::string(text));
     return value;
 }
@@ -67,7 +70,7 @@ void parseValue(const std::string& name, const std::string& value, Options& opti
     if (name == "--cells")
         parseCells(value, options);
     else if (name == "--years")
-        options.years = parseNumber(value, name, 0.0);
+        options.years = parseNumber(value, name, 0.0, mostYears);
     else if (name == "--report-days")
         options.reportDays = parseNumber(value, name, 0.01);
     else if (name == "--longest-step")

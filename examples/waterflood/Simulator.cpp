@@ -85,6 +85,15 @@ void Simulator::initialise()
             reservoir_.initialPressure + gravity * reservoir_.fluids.oilDensity * (grid.depth(layer) - grid.topDepth);
         referencePoreVolumes_[cell] = grid.cellVolume() * reservoir_.rock.porosity[cell];
     }
+    initialiseWells();
+    initialWater_ = waterInPlace();
+    initialOil_ = oilInPlace();
+}
+
+/// Each well is open to all layers, with the connection factor of a well in the middle of a square cell.
+void Simulator::initialiseWells()
+{
+    const Grid& grid = reservoir_.grid;
     const double drainage = 0.14 * std::hypot(grid.dx, grid.dy);
     for (const Well& well : reservoir_.wells) {
         WellState state;
@@ -98,8 +107,6 @@ void Simulator::initialise()
         }
         wells_.push_back(std::move(state));
     }
-    initialWater_ = waterInPlace();
-    initialOil_ = oilInPlace();
 }
 
 double Simulator::poreVolume(std::size_t cell) const
@@ -266,14 +273,15 @@ void Simulator::computeWellFlows(std::size_t well)
     const double rate = description.injector ? description.targetRate : -description.targetRate;
     state.bottomHolePressure =
         state.control == WellControl::Rate ? (rate + weighted) / factorSum : description.pressureLimit;
+    const double sign = description.injector ? 1.0 : -1.0;
     state.waterRate = state.oilRate = 0.0;
     for (std::size_t n = 0; n < state.connections.size(); ++n) {
         ConnectionFlow& flow = state.connections[n];
         const double total = connectionFactor(well, n) * (state.bottomHolePressure + headAt(n) - pressures_[flow.cell]);
         flow.water = description.injector && total > 0.0 ? total : total * fractionalFlow_[flow.cell];
         flow.oil = total - flow.water;
-        state.waterRate += std::abs(flow.water);
-        state.oilRate += std::abs(flow.oil);
+        state.waterRate += sign * flow.water; // a connection may flow against the others
+        state.oilRate += sign * flow.oil;
     }
 }
 

@@ -20,7 +20,7 @@ struct WellState
     double bottomHolePressure = 0.0;
     WellControl control = WellControl::Pressure;
     std::vector<ConnectionFlow> connections;
-    double waterRate = 0.0, oilRate = 0.0;   ///< positive for injectors and producers alike
+    double waterRate = 0.0, oilRate = 0.0;   ///< net; positive for injectors and producers alike
     double waterTotal = 0.0, oilTotal = 0.0; ///< cubic metres since the start
 };
 
@@ -69,6 +69,7 @@ private:
 
     void computeTransmissibilities();
     void initialise();
+    void initialiseWells();
     void updateMobilities();
     void extrapolatePressures(double stepDays);
     void solvePressure(double stepDays);

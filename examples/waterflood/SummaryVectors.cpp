@@ -255,7 +255,7 @@ std::vector<SummaryVector> globalVectors(const Reservoir& reservoir)
     addRegions(vectors, reservoir);
     addBlocks(vectors, reservoir);
     addPerformance(vectors);
-    // A vector for each keyword's members in a row: readers then fetch a keyword's vectors in one piece.
+    // The vectors of a keyword in a row: readers then fetch them in one piece.
     std::stable_sort(vectors.begin(), vectors.end(),
                      [](const SummaryVector& a, const SummaryVector& b) { return a.keyword < b.keyword; });
     return vectors;

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <stdexcept>
 #include <thread>
 
 namespace {
@@ -42,28 +41,38 @@ void run(const Options& options)
     SummaryOutput output(options, simulator.reservoir());
     output.record(simulator);
     const double end = options.years * daysAYear;
-    for (int reportStep = 1; end - simulator.days() > shortestRest; ++reportStep) {
+    int reportStep = 0;
+    do {
+        ++reportStep;
         simulateReportStep(options, simulator, output, std::min(end, reportStep * options.reportDays));
         printProgress(simulator, reportStep);
-    }
+    } while (end - simulator.days() > shortestRest);
+}
+
+int complain(const std::exception& error, const char* advice, int exitStatus)
+{
+    std::fprintf(stderr, "waterflood: %s\n%s", error.what(), advice);
+    return exitStatus;
 }
 
 } // namespace
 
 int main(int argumentCount, char** arguments)
 {
+    Options options;
     try {
-        const Options options = parseOptions(argumentCount, arguments);
-        if (options.help)
-            std::fputs(usage, stdout);
-        else
-            run(options);
-        return 0;
-    } catch (const std::invalid_argument& error) {
-        std::fprintf(stderr, "waterflood: %s\n%s", error.what(), usage);
-        return 2;
+        options = parseOptions(argumentCount, arguments);
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "waterflood: %s\n", error.what());
-        return 1;
+        return complain(error, usage, 2);
+    }
+    if (options.help) {
+        std::fputs(usage, stdout);
+        return 0;
+    }
+    try {
+        run(options);
+        return 0;
+    } catch (const std::exception& error) {
+        return complain(error, "", 1);
     }
 }

@@ -14,49 +14,34 @@ namespace Kvt::Mrl::MrlIO {
 class MRLIO_EXPORT ArrayConverter
 {
 public:
-    /// Replaces what `wanted` holds by the converted values. Both may be the same vector.
+    /// Replaces what `wanted` holds by the converted values. Both may be the same vector. Truth values go through
+    /// int and are true for each one other than 0, so an array that doesn't convert to int has none.
     /// throws MrlIOException for any other pair of types; `wanted` is empty then
     template <class S, class T>
     static void convert(const std::vector<S>& stored, std::vector<T>& wanted)
     {
         if constexpr (std::is_same_v<S, T>) {
-            if (&stored == &wanted)
-                return;
-            wanted.clear();
-            wanted.insert(wanted.end(), stored.begin(), stored.end());
-        } else {
-            wanted.clear();
-            if constexpr (widens<S, T>) {
-                wanted.resize(stored.size());
-                for (std::size_t i = 0; i < stored.size(); ++i)
-                    wanted[i] = static_cast<T>(stored[i]);
-            } else {
-                failConversion(typeid(stored), typeid(wanted));
-            }
-        }
-    }
-
-    /// Truth values: true for each int other than 0. An array that doesn't convert to int fails as it does there.
-    template <class S>
-    static void convert(const std::vector<S>& stored, std::vector<bool>& wanted)
-    {
-        if constexpr (std::is_same_v<S, bool>) {
-            wanted = stored;
-        } else if constexpr (std::is_same_v<S, int>) {
-            wanted.assign(stored.size(), false);
+            if (&stored != &wanted)
+                wanted.assign(stored.begin(), stored.end());
+        } else if constexpr (widens<S, T>) {
+            wanted.assign(stored.size(), T());
             for (std::size_t i = 0; i < stored.size(); ++i)
-                wanted[i] = stored[i] != 0;
+                wanted[i] = static_cast<T>(stored[i]);
         } else {
             wanted.clear();
-            failConversion(typeid(stored), typeid(std::vector<int>));
+            failConversion(typeid(stored), typeid(std::vector<Named<T>>));
         }
     }
 
 private:
     template <class S, class T>
-    static constexpr bool widens = (std::is_same_v<S, int> &&
-                                    (std::is_same_v<T, float> || std::is_same_v<T, double>)) ||
+    static constexpr bool widens = (std::is_same_v<S, int> && (std::is_same_v<T, float> || std::is_same_v<T, double> ||
+                                                               std::is_same_v<T, bool>)) ||
                                    (std::is_same_v<S, float> && std::is_same_v<T, double>);
+
+    /// What a failure names.
+    template <class T>
+    using Named = std::conditional_t<std::is_same_v<T, bool>, int, T>;
 
     [[noreturn]] static void failConversion(const std::type_info& stored, const std::type_info& wanted);
 };

@@ -118,9 +118,9 @@ public:
 
         constexpr DataFormat& withAnyUnified() { return withDefaultUnified(); }
 
-        /// Appends to `out` the formats with definite choices that this one allows, in the order in which they are to
-        /// be tried: unformatted ahead of formatted, split files ahead of unified ones. A format that allows nothing
-        /// else is appended as itself.
+        /// Appends to `out` the formats that settle what this one leaves open, in the order in which they are to be
+        /// tried: unformatted ahead of formatted, split files ahead of unified ones. A format that leaves nothing open
+        /// is appended as itself.
         void expandDefaults(std::vector<DataFormat>& out) const;
 
         friend constexpr bool operator<(DataFormat a, DataFormat b) { return a.flags_ < b.flags_; }

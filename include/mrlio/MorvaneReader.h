@@ -87,7 +87,7 @@ public:
     /// returns  true; only readers of other programs may give false.
     /// throws   MrlIOException if first or last lie outside the array, the type doesn't fit, name, type or size at the
     ///          header's position differ, or the data are damaged; out is empty then.
-    /// cost     unformatted, the records before the slice cost a jump each; formatted, their values are passed one by
+    /// cost     unformatted, a look at each record before the slice; formatted, the values before it are passed one by
     ///          one.
     bool readDataVector(const KeywordHeader& header, std::vector<int>& out, std::int64_t first = -1,
                         std::int64_t last = -1);

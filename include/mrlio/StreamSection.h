@@ -34,19 +34,19 @@ public:
     StreamSection& operator=(const StreamSection&) = delete;
     virtual ~StreamSection();
 
-    /// Closes the stream, if open, and remembers its position, where the next opening goes on. Reading and writing
-    /// share that position: after rewind it is the place where the reader stopped. A failed close leaves the stream
-    /// failed.
+    /// Closes the stream, if open, and remembers its position, where the next opening goes on; a failed stream keeps
+    /// the place of its next byte, so that what the file holds stays. Reading and writing share that position: after
+    /// rewind it is the place where the reader stopped. A failed close leaves the stream failed.
     virtual void close();
 
     /// The stream to write to, with numbers in scientific form, opened if need be: emptied at first and after remove,
     /// else at the remembered position. A file that can't be opened or is locked is tried ten times more, waiting
-    /// 0.5, 1.0 ... 5.0 seconds behind the failed attempts, 27.5 seconds in all; the caller's thread sleeps. throws
-    /// std::runtime_error with the section's name, the number of attempts and the file
+    /// 0.5, 1.0 ... 5.0 seconds behind the failed attempts, 27.5 seconds in all; the caller's thread sleeps.
+    /// throws std::runtime_error, with the section's name, the number of attempts and the file, if none succeeds
     virtual std::ostream& stream();
 
-    /// Closes the stream and deletes the file; the next opening starts from nothing. If the file can't be deleted, it
-    /// stays with its remembered position and nothing is reported.
+    /// Closes the stream and deletes the file; the next opening starts from nothing. A file that can't be deleted, or
+    /// that somebody else has locked, stays with its remembered position, and nothing is reported.
     virtual void remove();
 
     /// Goes back to the start of an open section and gives the buffer to read its content from, valid until the section

@@ -16,13 +16,6 @@ using ValueTypeImplementationDetails::parseTypeText;
 using ValueTypeImplementationDetails::trimmedText;
 
 constexpr const char* where = "Kvt::Mrl::MrlIO::MorvaneBinaryReader::readKeywordHeader";
-constexpr std::int32_t contentLength = 16;
-constexpr int markLength = 4;
-constexpr int nameLength = 8;
-constexpr int countLength = 4;
-constexpr int typeLength = 4;
-static_assert(nameLength + countLength + typeLength == contentLength);
-static_assert(contentLength + 2 * markLength == headerRecordLength);
 
 /// Hands out the bytes of a header record: from one view of all of it, or part by part where the file ends within.
 class HeaderBytes
@@ -71,15 +64,15 @@ bool HeaderRecord::read(BufferedBinaryFileReader& file)
 {
     position = file.tellg();
     HeaderBytes bytes(file);
-    const char* const length = bytes.next(markLength);
-    if (length == nullptr || ByteOrder::loadInt32(length) != contentLength)
+    const char* const length = bytes.next(recordMarkLength);
+    if (length == nullptr || ByteOrder::loadInt32(length) != headerContentLength)
         return false;
-    name.assign(trimmedText(bytes.next(nameLength, ": failed to read keyword name"), nameLength));
+    name.assign(trimmedText(bytes.next(headerNameLength, ": failed to read keyword name"), headerNameLength));
     if (name.empty())
         fail<MrlIOException>(where, ": empty array name");
-    count = ByteOrder::loadInt32(bytes.next(countLength, ": failed to read array size"));
-    info = parseTypeText(trimmedText(bytes.next(typeLength, ": failed to read keyword type"), typeLength));
-    if (ByteOrder::loadInt32(bytes.next(markLength, ": failed to read end code")) != contentLength)
+    count = ByteOrder::loadInt32(bytes.next(headerCountLength, ": failed to read array size"));
+    info = parseTypeText(trimmedText(bytes.next(headerTypeLength, ": failed to read keyword type"), headerTypeLength));
+    if (ByteOrder::loadInt32(bytes.next(recordMarkLength, ": failed to read end code")) != headerContentLength)
         fail<MrlIOException>(where, ": failed to read end code");
     return true;
 }

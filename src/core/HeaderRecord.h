@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/RecordLayout.h"
 #include "service/BufferedBinaryFileReader.h"
 
 #include <mrlio/KeywordHeader.h>
@@ -8,16 +9,9 @@
 #include <string>
 
 /// \file
-/// The header record of an unformatted keyword, big-endian:
-///
-///     length 16 | name, 8 characters | count, 4 bytes | type text, 4 characters | length 16
-///
-/// An array of 2147483648 elements or more has two in a row, of one name: the first of type X231 with minus the
-/// multiple of 2147483648 as count, the second with the true type and the remainder.
+/// Header records, read from a file and put into keyword headers.
 
 namespace Kvt::Mrl::MrlIO {
-
-constexpr int headerRecordLength = 24;
 
 /// The content of a header record, in file order.
 struct HeaderRecord

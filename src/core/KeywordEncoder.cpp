@@ -1,6 +1,7 @@
 #include "core/KeywordEncoder.h"
 
 #include "core/FormattedEncoder.h"
+#include "core/RecordLayout.h"
 #include "core/UnformattedEncoder.h"
 #include "core/ValueTypeLayout.h"
 
@@ -16,7 +17,6 @@ namespace Kvt::Mrl::MrlIO {
 
 namespace {
 
-constexpr std::size_t typeTextLength = 4;
 constexpr int quotedItemExtra = 3; // the blank and the two quotes
 constexpr int longestFormattedString = formattedLineLength - quotedItemExtra;
 
@@ -62,7 +62,7 @@ int longestString(const KeywordTmpl<6>& keyword) noexcept
 bool KeywordEncoder::writeHeader(const KeywordHeader& keyword, std::uint64_t count)
 {
     const std::string type = typeText(keyword.valueTypeInfo());
-    if (type.size() != typeTextLength)
+    if (std::ssize(type) != headerTypeLength)
         return false;
     if (!keyword.requires_double_header(count))
         return writeHeaderRecord(keyword.name(), static_cast<std::int64_t>(count), type);

@@ -35,8 +35,8 @@ public:
     KeywordEncoder(std::ostream& stream, bool formatted) : stream_(stream), formatted_(formatted) {}
 
     /// The header of an array of count elements, two headers for 2147483648 elements or more. The size that the keyword
-    /// states is not asked. False, with nothing written, for a type whose text doesn't have the four
-    /// characters of a header's type field.
+    /// states is not asked. False, with nothing written, for a type whose text doesn't have the four characters of a
+    /// header's type field.
     bool writeHeader(const KeywordHeader& keyword, std::uint64_t count);
 
     bool write(const KeywordTmpl<0>& keyword);

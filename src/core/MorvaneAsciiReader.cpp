@@ -75,7 +75,6 @@ template <class T>
 bool readInto(MorvaneAsciiReaderImpl& impl, const KeywordHeader& header, std::vector<T>& out, std::int64_t first,
               std::int64_t last)
 {
-    out.clear();
     return withKind(impl, header, out.data(),
                     [&](auto kind) { impl.readVector<decltype(kind)>(header, out, first, last); });
 }

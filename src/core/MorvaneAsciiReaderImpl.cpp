@@ -172,10 +172,10 @@ void MorvaneAsciiReaderImpl::finishSlice(const KeywordHeader& header, std::int64
         file_->ignoreThrough('\n');
 }
 
-/// How many of the wanted values the file can hold: a value takes a character and one of white space.
-std::int64_t MorvaneAsciiReaderImpl::possibleSize(std::int64_t wanted, std::int64_t read) const
+/// How many values the rest of the file can hold: a value takes a character and one of white space.
+std::int64_t MorvaneAsciiReaderImpl::mostValuesAhead() const
 {
-    return std::min(wanted, read + file_->bytesLeft() / 2 + 1);
+    return file_->bytesLeft() / 2 + 1;
 }
 
 void MorvaneAsciiReaderImpl::check(TextArrayResult result, const KeywordHeader& header) const
@@ -186,10 +186,13 @@ void MorvaneAsciiReaderImpl::check(TextArrayResult result, const KeywordHeader& 
         failRead(inReadData, ": data cannot be read", header);
 }
 
-void MorvaneAsciiReaderImpl::requireFile(const KeywordHeader& header) const
+/// Goes to the first value. False if there is none.
+bool MorvaneAsciiReaderImpl::goToData(const KeywordHeader& header)
 {
     if (!file_)
         failRead(inReadData, ": no file open", header);
+    seekToData(header);
+    return header.size() != 0;
 }
 
 void MorvaneAsciiReaderImpl::failRead(const char* where, const char* message, const KeywordHeader& header) const

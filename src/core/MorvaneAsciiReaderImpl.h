@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/TextArray.h"
+#include "core/VectorGrowth.h"
 #include "service/TextFileReader.h"
 
 #include <mrlio/KeywordHeader.h>
@@ -45,11 +46,14 @@ private:
     template <class Kind>
     void passData(const KeywordHeader& header);
 
+    template <class Kind, class Filler>
+    void readSlice(const KeywordHeader& header, Filler filler, std::int64_t first, std::int64_t last);
+
+    bool goToData(const KeywordHeader& header);
     void finishSlice(const KeywordHeader& header, std::int64_t last);
     void check(TextArrayResult result, const KeywordHeader& header) const;
-    void requireFile(const KeywordHeader& header) const;
 
-    std::int64_t possibleSize(std::int64_t wanted, std::int64_t read) const;
+    std::int64_t mostValuesAhead() const;
     void passCurrentData();
 
     std::string fileName_;
@@ -61,41 +65,34 @@ template <class Kind>
 void MorvaneAsciiReaderImpl::readArray(const KeywordHeader& header, typename Kind::Value* out, std::int64_t first,
                                        std::int64_t last)
 {
-    requireFile(header);
-    seekToData(header);
-    if (header.size() == 0)
-        return;
-    Kind::skip(*file_, first);
-    check(readTextValues<Kind>(
-              *file_, last - first + 1, [out](std::int64_t i) -> auto& { return out[i]; }),
-          header);
-    finishSlice(header, last);
+    if (goToData(header))
+        readSlice<Kind>(header, BufferFiller<typename Kind::Value>(out), first, last);
 }
 
-/// Fills an empty vector, which grows by a step at a time. Once the first one is there, room for all that the file can
-/// hold is reserved, but never for more than was asked for; a count that lies takes no more memory than the values that
-/// are there.
+/// Replaces what the vector held. Room is made for all that the file can hold, but never for more than was asked for.
 template <class Kind>
 void MorvaneAsciiReaderImpl::readVector(const KeywordHeader& header, std::vector<typename Kind::Value>& out,
                                         std::int64_t first, std::int64_t last)
 {
-    constexpr std::int64_t step = (std::int64_t{256} << 10) / static_cast<std::int64_t>(sizeof(typename Kind::Value));
-    requireFile(header);
-    seekToData(header);
-    if (header.size() == 0)
-        return;
+    if (goToData(header))
+        readSlice<Kind>(header, VectorFiller<typename Kind::Value>(out, last - first + 1, mostValuesAhead()), first,
+                        last);
+    else
+        out.clear();
+}
+
+template <class Kind, class Filler>
+void MorvaneAsciiReaderImpl::readSlice(const KeywordHeader& header, Filler filler, std::int64_t first,
+                                       std::int64_t last)
+{
     Kind::skip(*file_, first);
-    const std::int64_t count = last - first + 1;
-    for (std::int64_t read = 0; read < count;) {
-        const std::int64_t next = std::min(step, count - read);
-        if (read == step)
-            out.reserve(static_cast<std::size_t>(possibleSize(count, read)));
-        out.resize(static_cast<std::size_t>(read + next));
-        auto* const place = out.data() + read;
+    for (std::int64_t left = last - first + 1; left > 0;) {
+        const std::int64_t count = std::min(left, Filler::step);
+        auto* const place = filler.next(count);
         check(readTextValues<Kind>(
-                  *file_, next, [place](std::int64_t i) -> auto& { return place[i]; }),
+                  *file_, count, [place](std::int64_t i) -> auto& { return place[i]; }),
               header);
-        read += next;
+        left -= count;
     }
     finishSlice(header, last);
 }

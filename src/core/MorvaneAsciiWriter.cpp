@@ -63,4 +63,5 @@ bool MorvaneAsciiWriter::isStrict() noexcept
 {
     return strictMode();
 }
+
 } // namespace Kvt::Mrl::MrlIO

@@ -5,6 +5,7 @@
 #include "service/BinaryFileIO.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Kvt::Mrl::MrlIO {
 
@@ -17,9 +18,6 @@ constexpr const char* inReadNext = "Kvt::Mrl::MrlIO::MorvaneBinaryReader::readNe
 constexpr const char* inReadKeywordHeader = "Kvt::Mrl::MrlIO::MorvaneBinaryReader::readKeywordHeader";
 constexpr const char* inSeekToStartOfData = "Kvt::Mrl::MrlIO::MorvaneBinaryReader::seekToStartOfData";
 constexpr const char* inReadKeywordData = "Kvt::Mrl::MrlIO::MorvaneBinaryReader::readKeywordData";
-
-/// Data that begin so near to a header are fetched together with it.
-constexpr std::int64_t nearBytes = 4096;
 
 /// There is no current keyword; only a position counts.
 constexpr auto noType = static_cast<ValueType::Enum>(8);
@@ -58,6 +56,7 @@ bool MorvaneBinaryReaderImpl::open(const std::string& fileName)
 void MorvaneBinaryReaderImpl::setCurrent(const KeywordHeader& header)
 {
     current_ = header;
+    startsAnew_ = true;
     if (file_ != nullptr)
         file_->seekg(current_.keywordLargePos());
 }
@@ -66,10 +65,14 @@ bool MorvaneBinaryReaderImpl::readNext(KeywordHeader& header)
 {
     if (file_ == nullptr)
         fail<MrlIOException>(inReadNext, ": no file open");
+    // Where a walk starts anew, has ended or failed, what the file holds by now counts, not what was read before.
+    if (std::exchange(startsAnew_, true))
+        file_->forget();
     passCurrent();
     if (!readHeader(header))
         return false;
     current_ = header;
+    startsAnew_ = false;
     return true;
 }
 
@@ -100,7 +103,9 @@ try {
     HeaderRecord record;
     if (!record.read(*file_))
         return false;
-    if (header.valueType() == ValueType::X231)
+    // A walk that found no second record comes to the first one again.
+    const bool firstAgain = record.info.type() == ValueType::X231 && record.position == header.keywordLargePos();
+    if (header.valueType() == ValueType::X231 && !firstAgain)
         record.complete(header);
     else
         record.store(header);
@@ -135,10 +140,10 @@ void MorvaneBinaryReaderImpl::seekToDataAnew(const KeywordHeader& header)
     seekToData(header);
 }
 
-/// Has old bytes dropped where the reader may hold some: where it steps back. Only there it costs a look at the file.
+/// Has old bytes dropped where the reader may hold some: where it doesn't go on. Only there it looks at the file.
 void MorvaneBinaryReaderImpl::noticeChanges(const KeywordHeader& header)
 {
-    if (file_ != nullptr && header.second_keywordLargePos() < file_->tellg())
+    if (file_ != nullptr && header.second_keywordLargePos() <= file_->tellg())
         file_->length();
 }
 
@@ -174,23 +179,18 @@ std::int64_t MorvaneBinaryReaderImpl::passRecord(std::int64_t bytesLeft)
 }
 
 /// Checks the keyword and leaves the file at its data. False if there are none to read.
-bool MorvaneBinaryReaderImpl::startSlice(const KeywordHeader& header, std::int64_t first, std::int64_t last)
+bool MorvaneBinaryReaderImpl::startSlice(const KeywordHeader& header, std::int64_t last)
 {
     if (file_ == nullptr)
         fail<MrlIOException>(inReadKeywordData, ": no file open");
     noticeChanges(header);
-    const std::int64_t bytes = usualBytes(header, last);
-    const bool nearHeader = usualBytes(header, first) < nearBytes;
     file_->seekg(header.second_keywordLargePos());
-    if (nearHeader)
-        file_->expect(headerRecordLength + bytes);
+    file_->expect(headerRecordLength + usualBytes(header, last)); // the mark of each record on the way is wanted
     seekToData(header);
     if (header.size() == 0)
         return false;
     if (!file_->good())
         fail<MrlIOException>(inReadKeywordData, ": error reading file");
-    if (!nearHeader)
-        file_->expect(bytes);
     return true;
 }
 

@@ -49,18 +49,19 @@ private:
     std::int64_t passRecord(std::int64_t bytesLeft);
 
     void noticeChanges(const KeywordHeader& header);
-    bool startSlice(const KeywordHeader& header, std::int64_t first, std::int64_t last);
+    bool startSlice(const KeywordHeader& header, std::int64_t last);
     std::int64_t heldElements(int width, std::int64_t wanted);
 
     const MorvaneReader& owner_;
     std::unique_ptr<Service::BufferedBinaryFileReader> file_;
     KeywordHeader current_;
+    bool startsAnew_ = false; // the walk doesn't go on from a step that gave a header
 };
 
 template <class T>
 void MorvaneBinaryReaderImpl::readArray(const KeywordHeader& header, T* out, std::int64_t first, std::int64_t last)
 {
-    if (!startSlice(header, first, last))
+    if (!startSlice(header, last))
         return;
     const int width = ValueTypeImplementationDetails::binaryStorageSize(header.valueTypeInfo());
     BufferFiller<T> filler(out);
@@ -71,7 +72,7 @@ template <class T>
 void MorvaneBinaryReaderImpl::readVector(const KeywordHeader& header, std::vector<T>& out, std::int64_t first,
                                          std::int64_t last)
 {
-    if (!startSlice(header, first, last)) {
+    if (!startSlice(header, last)) {
         out.clear();
         return;
     }

@@ -60,12 +60,17 @@ const std::string& MorvaneReader::getFileName() const
 
 bool MorvaneReader::readNextKeywordHeader(KeywordHeader& header)
 {
-    // Half a double header may be left of an earlier walk that found no second record. It has to be read again.
-    if (header.valueType() == ValueType::X231)
-        header.valueType(noType);
     if (!readNextSingleKeywordHeader(header))
         return false;
-    return header.valueType() != ValueType::X231 || readNextSingleKeywordHeader(header);
+    if (header.valueType() != ValueType::X231)
+        return true;
+    // Should the second record be missing yet, no half of a double header is left for the next attempt to complete.
+    KeywordHeader whole = header;
+    header.valueType(noType);
+    if (!readNextSingleKeywordHeader(whole))
+        return false;
+    header = whole;
+    return true;
 }
 
 void MorvaneReader::validateAndSetIndex(const KeywordHeader& header, std::int64_t& first, std::int64_t& last)

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <exception>
 #include <stdexcept>
+#include <system_error>
 
 namespace Kvt::Mrl::MrlIO {
 
@@ -82,12 +83,20 @@ void StreamSectionImpl::close()
 {
     if (!stream_.is_open())
         return;
-    savedPosition_ = stream_.tellp();
+    // Asked of the buffer: a failed stream gives no position, and the next opening would take that for an empty file.
+    savedPosition_ = stream_.rdbuf()->pubseekoff(0, std::ios_base::cur);
     stream_.close();
 }
 
 void StreamSectionImpl::deleteFile()
 {
+    // A section of this name in another process may have taken the file over since it was closed here, or may do so as
+    // soon as the name is free. The lock keeps others out until the file is gone.
+    using Service::FileMode;
+    const Service::FileStream lock(file_.GetFullName(), FileMode::Read | FileMode::Write | FileMode::Exclusive);
+    const std::error_code reason = lock.lastError();
+    if (reason == std::errc::operation_would_block || reason == std::errc::no_such_file_or_directory)
+        return;
     try {
         Service::FileUtils::Remove(file_);
         savedPosition_ = nothingSaved;

@@ -1,5 +1,6 @@
 #include "core/UnformattedEncoder.h"
 
+#include "core/RecordLayout.h"
 #include "core/ValueTypeLayout.h"
 #include "service/ByteOrder.h"
 
@@ -17,7 +18,7 @@ namespace {
 
 namespace ByteOrder = Service::ByteOrder;
 
-constexpr std::size_t markLength = 4;
+constexpr std::size_t markLength = recordMarkLength;
 constexpr std::size_t numberBlock = numberBlockLength;
 constexpr std::size_t stringBlock = stringBlockLength;
 
@@ -52,12 +53,10 @@ bool writeRecords(std::ostream& stream, std::span<const T> values, Encode encode
 bool writeUnformattedHeader(std::ostream& stream, const std::string& name, std::int32_t count,
                             const std::string& typeText)
 {
-    constexpr std::size_t nameLength = 8;
-    constexpr std::int32_t headerLength = 16;
-    std::string record(markLength + nameLength + sizeof count, '\0');
-    ByteOrder::storeInt32(record.data(), headerLength);
-    storeText(record.data() + markLength, name, nameLength);
-    ByteOrder::storeInt32(record.data() + markLength + nameLength, count);
+    std::string record(markLength + headerNameLength + headerCountLength, '\0');
+    ByteOrder::storeInt32(record.data(), headerContentLength);
+    storeText(record.data() + markLength, name, headerNameLength);
+    ByteOrder::storeInt32(record.data() + markLength + headerNameLength, count);
     record += typeText;
     record.append(record, 0, markLength);
     stream.write(record.data(), std::ssize(record));

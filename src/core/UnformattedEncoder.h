@@ -1,12 +1,7 @@
 #pragma once
 
 /// \file
-/// Headers and arrays of the unformatted form, onto any stream.
-///
-/// Every record is its length, its bytes and its length again, all big-endian:
-///
-///     header   16 | name, 8 characters | count | type text | 16
-///     data     bytes | elements, up to one block | bytes
+/// Headers and arrays of the unformatted form (see RecordLayout.h), onto any stream.
 
 #include <cstdint>
 #include <iosfwd>

@@ -12,8 +12,8 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-/// Tells the system that a large, untouched piece of memory is best made of large pages, since touching new memory costs
-/// more than reading a file into it. Pieces below 4 MiB are left alone.
+/// Tells the system that a large, untouched piece of memory is best made of large pages, since touching new memory
+/// costs more than reading a file into it. Pieces below 4 MiB are left alone.
 void adviseLargePages(void* memory, std::size_t bytes);
 
 /// Fills a vector from its start, in place of what it held. Elements that stand in it already are written over, so that
@@ -26,7 +26,8 @@ public:
     /// held     how many of them the file can hold at most: memory is taken for no more
     VectorFiller(std::vector<T>& out, std::int64_t wanted, std::int64_t held) : out_(out)
     {
-        const auto count = static_cast<std::size_t>(std::max<std::int64_t>(0, std::min(wanted, held)));
+        // One step more than held: the step that fails at the end of the file must not make the vector move.
+        const auto count = static_cast<std::size_t>(std::max<std::int64_t>(0, std::min(wanted, held + step)));
         if (out_.capacity() < count)
             allocate(count);
         else

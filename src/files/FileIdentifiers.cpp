@@ -24,12 +24,12 @@ std::map<DataFormat, PathFilterList> combinedForUsableFormats(std::initializer_l
 
 const PathFilterList& FileIdentifiers::getAllFilters(DataFormat format)
 {
-    static const auto lists = combinedForUsableFormats(
+    static const auto& lists = *new std::map<DataFormat, PathFilterList>(combinedForUsableFormats(
         {&Summary::specFileExtensionFilters, &Summary::summaryFileExtensionFilters, &Restart::specFileExtensionFilters,
          &Restart::initSpecFileExtensionFilters, &Restart::restartFileExtensionFilters,
          &Restart::initFileExtensionFilters, &RFT::fileExtensionFilters, &GRFT::fileExtensionFilters,
          &HMD::fileExtensionFilters, &Dumpflux::fileExtensionFilters, &Streamlines::solutionFileExtensionFilters,
-         &Streamlines::specFileExtensionFilters, &Grid::fileExtensionFilters});
+         &Streamlines::specFileExtensionFilters, &Grid::fileExtensionFilters}));
     const auto found = lists.find(format);
     if (found != lists.end())
         return found->second;

@@ -37,7 +37,7 @@ PathFilterList stepFilters(const char* letters)
 
 const std::vector<DataFormat>& usableFormats()
 {
-    static const std::vector<DataFormat> formats = {
+    static const auto& formats = *new std::vector<DataFormat>{
         DataFormat::FormattedUnified(),    DataFormat::FormattedNotUnified(),    DataFormat::FormattedAnyUnified(),
         DataFormat::UnformattedUnified(),  DataFormat::UnformattedNotUnified(),  DataFormat::UnformattedAnyUnified(),
         DataFormat::AnyFormattedUnified(), DataFormat::AnyFormattedNotUnified(), DataFormat::DefaultAll()};

@@ -9,6 +9,10 @@
 #include <string>
 #include <vector>
 
+/// \file
+/// The filter lists behind FileIdentifiers. Whoever holds such a table makes it with new and never frees it: objects
+/// that are destroyed at the end of the program may still ask for names.
+
 namespace Kvt::Mrl::MrlIO {
 
 /// The filter lists of the kinds that have a single file for each form. Only the formatted half of a format counts.

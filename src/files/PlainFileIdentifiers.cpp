@@ -22,7 +22,7 @@ constexpr std::initializer_list<FilterFunction> streamlinesKinds = {
 
 const PathFilterList& FileIdentifiers::Dumpflux::fileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::dumpflux};
+    static const auto& filters = *new PlainFilters{extensions::dumpflux};
     return filters.choose(format);
 }
 
@@ -50,7 +50,7 @@ bool FileIdentifiers::Dumpflux::isUnformatted(const std::string& name)
 
 const PathFilterList& FileIdentifiers::GRFT::fileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::grft};
+    static const auto& filters = *new PlainFilters{extensions::grft};
     return filters.choose(format);
 }
 
@@ -73,19 +73,19 @@ bool FileIdentifiers::GRFT::isUnformatted(const std::string& name)
 
 const PathFilterList& FileIdentifiers::Grid::fileEGridExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::egrid};
+    static const auto& filters = *new PlainFilters{extensions::egrid};
     return filters.choose(format);
 }
 
 const PathFilterList& FileIdentifiers::Grid::fileGridExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::grid};
+    static const auto& filters = *new PlainFilters{extensions::grid};
     return filters.choose(format);
 }
 
 const PathFilterList& FileIdentifiers::Grid::fileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::grid, extensions::egrid};
+    static const auto& filters = *new PlainFilters{extensions::grid, extensions::egrid};
     return filters.choose(format);
 }
 
@@ -108,7 +108,7 @@ bool FileIdentifiers::Grid::isUnformatted(const std::string& name)
 
 const PathFilterList& FileIdentifiers::HMD::fileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::hmd};
+    static const auto& filters = *new PlainFilters{extensions::hmd};
     return filters.choose(format);
 }
 
@@ -131,7 +131,7 @@ bool FileIdentifiers::HMD::isUnformatted(const std::string& name)
 
 const PathFilterList& FileIdentifiers::RFT::fileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::rft};
+    static const auto& filters = *new PlainFilters{extensions::rft};
     return filters.choose(format);
 }
 
@@ -154,13 +154,13 @@ bool FileIdentifiers::RFT::isUnformatted(const std::string& name)
 
 const PathFilterList& FileIdentifiers::Streamlines::specFileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::streamlinesSpec};
+    static const auto& filters = *new PlainFilters{extensions::streamlinesSpec};
     return filters.choose(format);
 }
 
 const PathFilterList& FileIdentifiers::Streamlines::solutionFileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters(extensions::streamlinesSolution);
+    static const auto& filters = *new PlainFilters(extensions::streamlinesSolution);
     return filters.choose(format);
 }
 

@@ -55,16 +55,16 @@ int FileIdentifiers::extractIndex(const std::string& name, std::string& extensio
 
 int FileIdentifiers::Restart::extractIndex(const std::string& name)
 {
-    static const std::vector<std::string> letters{extensions::restart.formattedLetters,
-                                                  extensions::restart.unformattedLetters};
+    static const auto& letters =
+        *new std::vector<std::string>{extensions::restart.formattedLetters, extensions::restart.unformattedLetters};
     std::string extension;
     return FileIdentifiers::extractIndex(name, extension, letters);
 }
 
 int FileIdentifiers::Summary::extractIndex(const std::string& name, std::string& extension)
 {
-    static const std::vector<std::string> letters{extensions::summary.formattedLetters,
-                                                  extensions::summary.unformattedLetters};
+    static const auto& letters =
+        *new std::vector<std::string>{extensions::summary.formattedLetters, extensions::summary.unformattedLetters};
     return FileIdentifiers::extractIndex(name, extension, letters);
 }
 

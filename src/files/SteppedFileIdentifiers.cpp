@@ -14,13 +14,13 @@ constexpr DataFormat unformatted = DataFormat::UnformattedAnyUnified();
 
 const SteppedFilters& restartFilters()
 {
-    static const SteppedFilters filters(extensions::restart);
+    static const auto& filters = *new SteppedFilters(extensions::restart);
     return filters;
 }
 
 const SteppedFilters& summaryFilters()
 {
-    static const SteppedFilters filters(extensions::summary);
+    static const auto& filters = *new SteppedFilters(extensions::summary);
     return filters;
 }
 
@@ -37,25 +37,25 @@ constexpr std::initializer_list<FilterFunction> summaryKinds = {&FileIdentifiers
 
 const PathFilterList& FileIdentifiers::Restart::initFileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::init};
+    static const auto& filters = *new PlainFilters{extensions::init};
     return filters.choose(format);
 }
 
 const PathFilterList& FileIdentifiers::Restart::defaultInitFileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::defaultInit};
+    static const auto& filters = *new PlainFilters{extensions::defaultInit};
     return filters.choose(format);
 }
 
 const PathFilterList& FileIdentifiers::Restart::initSpecFileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::initSpec};
+    static const auto& filters = *new PlainFilters{extensions::initSpec};
     return filters.choose(format);
 }
 
 const PathFilterList& FileIdentifiers::Restart::specFileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::restartSpec};
+    static const auto& filters = *new PlainFilters{extensions::restartSpec};
     return filters.choose(format);
 }
 
@@ -138,7 +138,7 @@ bool FileIdentifiers::Restart::isUnified(const std::string& name)
 
 const PathFilterList& FileIdentifiers::Summary::specFileExtensionFilters(DataFormat format)
 {
-    static const PlainFilters filters{extensions::summarySpec};
+    static const auto& filters = *new PlainFilters{extensions::summarySpec};
     return filters.choose(format);
 }
 
@@ -154,7 +154,8 @@ const PathFilterList& FileIdentifiers::Summary::summaryFileExtensionFiltersUnexp
 
 const PathFilterList& FileIdentifiers::Summary::hdfFileExtensionFilters()
 {
-    static const PathFilterList filters{Service::ExtensionFilter::Create(std::string(extensions::summaryHdf))};
+    static const auto& filters =
+        *new PathFilterList{Service::ExtensionFilter::Create(std::string(extensions::summaryHdf))};
     return filters;
 }
 

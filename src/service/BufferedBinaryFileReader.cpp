@@ -10,7 +10,7 @@
 namespace Kvt::Mrl::Core::Service {
 namespace {
 constexpr std::int64_t windowCapacity = 256 * 1024;
-constexpr std::int64_t nearJump = 16 * 1024;
+constexpr std::int64_t nearJump = 10 * 1024; // from here on two small reads cost less than streaming
 
 // What a read of the system takes at least. A far jump begins at 0, each near one goes up a level. Sizes of a few KiB
 // do badly: they cost more than the small ones and hardly ever hold what comes next.
@@ -103,7 +103,7 @@ bool BufferedBinaryFileReader::readElements(char* to, std::int64_t count, std::i
 // Large raw reads go straight to the caller's memory.
 bool BufferedBinaryFileReader::readPast(char* to, std::int64_t count)
 {
-    emptyWindow();
+    forget();
     if (position_ > largestOffset - count)
         return fail(true);
     const std::int64_t got = file_.readAt(to, static_cast<std::size_t>(count), position_);
@@ -157,7 +157,7 @@ bool BufferedBinaryFileReader::allocateWindow()
     return window_ != nullptr;
 }
 
-void BufferedBinaryFileReader::emptyWindow()
+void BufferedBinaryFileReader::forget()
 {
     windowStart_ += static_cast<std::int64_t>(windowLength_);
     windowLength_ = 0;
@@ -169,7 +169,7 @@ void BufferedBinaryFileReader::emptyStaleWindow()
     if (now == stamp_)
         return;
     stamp_ = now;
-    emptyWindow();
+    forget();
 }
 
 bool BufferedBinaryFileReader::fail(bool atEnd)

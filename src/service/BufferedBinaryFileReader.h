@@ -11,7 +11,7 @@ namespace Kvt::Mrl::Core::Service {
 /// Reads a file through a window that fits itself to the way the file is used.
 ///
 /// Moves inside the window cost nothing, backwards too. A far jump costs one small read of the system, so that walking
-/// over large arrays touches headers only. Accesses that follow one another at less than 16 KiB let the window grow to
+/// over large arrays touches headers only. Accesses that follow one another at less than 10 KiB let the window grow to
 /// 256 KiB, which is the cheapest way through a file up to that stride. Memory: the window, allocated once.
 ///
 /// A file may grow, shrink or be rewritten meanwhile. What the window doesn't hold is always asked of the file, so
@@ -73,6 +73,9 @@ public:
         expectedLength_ = count > 0 ? count : 0;
     }
 
+    /// Drops what was read ahead, so that the next read asks the file.
+    void forget();
+
     /// The present length of the file in bytes, -1 if it can't be told. Asks the system each time.
     std::int64_t length();
 
@@ -93,7 +96,6 @@ private:
     std::int64_t readSize(std::int64_t wanted);
     std::int64_t available() const;
     bool allocateWindow();
-    void emptyWindow();
     void emptyStaleWindow();
     bool fail(bool atEnd);
 

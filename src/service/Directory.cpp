@@ -34,14 +34,31 @@ private:
 };
 
 // Calls visit(entry) for each entry, in no order; ends quietly where the system refuses to go on.
-template <typename Iterator, typename Visit>
-void forEachEntry(const std::string& directory, Visit visit)
+template <typename Visit>
+void forEachEntry(const fs::path& directory, Visit visit)
 {
     boost::system::error_code error;
-    Iterator entry(directory, error);
-    while (!error && entry != Iterator()) {
+    fs::directory_iterator entry(directory, error);
+    while (!error && entry != fs::directory_iterator()) {
         visit(*entry);
         entry.increment(error);
+    }
+}
+
+// The same with the folders below. Boost's recursive iterator would end the whole walk at a folder that can't be read.
+template <typename Visit>
+void forEachEntryBelow(const fs::path& directory, Visit visit)
+{
+    std::vector<fs::path> waiting{directory};
+    while (!waiting.empty()) {
+        const fs::path folder = std::move(waiting.back());
+        waiting.pop_back();
+        forEachEntry(folder, [&](const fs::directory_entry& entry) {
+            visit(entry);
+            boost::system::error_code ignored;
+            if (entry.symlink_status(ignored).type() == fs::directory_file)
+                waiting.push_back(entry.path());
+        });
     }
 }
 
@@ -117,9 +134,9 @@ void Directory::Find(const std::string& pattern, bool ignoreCase, bool files, bo
             found.push_back(fullNames ? entry.path().string() : name);
     };
     if (recursive)
-        forEachEntry<fs::recursive_directory_iterator>(name_, visit);
+        forEachEntryBelow(name_, visit);
     else
-        forEachEntry<fs::directory_iterator>(name_, visit);
+        forEachEntry(name_, visit);
     std::sort(found.begin(), found.end());
     names = std::move(found);
 }
@@ -128,7 +145,7 @@ void Directory::DeleteContent(const std::string& pattern, bool ignoreCase) const
 {
     const NamePattern wanted(pattern, ignoreCase);
     std::vector<fs::path> doomed;
-    forEachEntry<fs::directory_iterator>(name_, [&](const fs::directory_entry& entry) {
+    forEachEntry(name_, [&](const fs::directory_entry& entry) {
         if (wanted.matches(entry.path().filename().string()) && isFileOrLink(entry))
             doomed.push_back(entry.path());
     });

@@ -68,7 +68,7 @@ bool FileStreamBuf::prepareFile(FileMode mode)
         errno = EISDIR;
         ready = false;
     }
-    ready = ready && (!has(mode, FileMode::Exclusive) || lockExclusively(descriptor_));
+    ready = ready && (!has(mode, FileMode::Exclusive) || lockNamedFile());
     if (ready && has(mode, FileMode::Truncate) && S_ISREG(status.st_mode))
         ready = ::ftruncate(descriptor_, 0) == 0;
     else if (ready && has(mode, FileMode::AtEnd))
@@ -79,6 +79,17 @@ bool FileStreamBuf::prepareFile(FileMode mode)
     ::close(std::exchange(descriptor_, -1));
     errno = reason;
     return false;
+}
+
+// The former owner of the lock may have deleted the file since it was opened here. What is written to a file without a
+// name is lost, so that doesn't count as open.
+bool FileStreamBuf::lockNamedFile()
+{
+    struct stat status;
+    if (!lockExclusively(descriptor_) || ::fstat(descriptor_, &status) != 0)
+        return false;
+    errno = ENOENT;
+    return status.st_nlink > 0;
 }
 
 bool FileStreamBuf::close() noexcept

@@ -82,6 +82,7 @@ private:
 
     bool openDescriptor(const std::string& path, FileMode mode);
     bool prepareFile(FileMode mode);
+    bool lockNamedFile();
     std::int64_t position() const;
     std::int64_t fileSize() const;
     std::size_t waiting() const;

@@ -88,6 +88,6 @@ PositionalFile::Stamp PositionalFile::stamp() const
     struct stat status;
     if (::fstat(descriptor_, &status) != 0)
         return {};
-    return {status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    return {status.st_size, status.st_ctim.tv_sec, status.st_ctim.tv_nsec};
 }
 } // namespace Kvt::Mrl::Core::Service

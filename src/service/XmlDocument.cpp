@@ -23,8 +23,8 @@
 namespace Kvt::Mrl::Core::Service::XML {
 namespace {
 
-/// Hands the bytes of an open file to the parser. The parser's own file source would pass the name through the process's
-/// character set, where not every name survives.
+/// Hands the bytes of an open file to the parser. The parser's own file source would pass the name through the
+/// process's character set, where not every name survives.
 class FileBytes final : public xercesc::BinInputStream
 {
 public:
@@ -58,8 +58,8 @@ private:
     const PositionalFile& file_;
 };
 
-/// A parser that checks well-formedness alone. The scanner chosen here skips document type declarations unread, so there
-/// are no external files to load and no entities but the five of XML itself: nothing can grow beyond the file.
+/// A parser that checks well-formedness alone. The scanner chosen here skips document type declarations unread, so
+/// there are no external files to load and no entities but the five of XML itself: nothing can grow beyond the file.
 std::unique_ptr<xercesc::SAX2XMLReader> createParser(XmlTreeBuilder& builder)
 {
     using xercesc::XMLUni;

@@ -38,13 +38,15 @@ bool DataFileWalk::next()
 {
     if (isOver_)
         return false;
-    const std::size_t tried = 1 - current_;
+    KeywordHeader& tried = headers_[1 - current_];
+    tried.name({});
     try {
-        if (reader_->readNextKeywordHeader(headers_[tried])) {
-            current_ = tried;
+        if (reader_->readNextKeywordHeader(tried)) {
+            current_ = 1 - current_;
             return true;
         }
-        isCut_ = headers_[tried].valueType() == ValueType::X231 || endsInsideHeader();
+        const bool hasFirstOfTwoRecords = !tried.name().empty();
+        isCut_ = hasFirstOfTwoRecords || endsInsideHeader();
     } catch (const MrlIOException& fault) {
         if (!isCutOff(fault.what()))
             throw;

@@ -5,6 +5,8 @@
 
 #include <mrlio/KeywordWriter.h>
 
+#include <boost/filesystem/operations.hpp>
+#include <cstdio>
 #include <ios>
 #include <locale>
 #include <sstream>
@@ -13,6 +15,10 @@
 namespace Kvt::Mrl::MrlIO {
 
 namespace {
+
+using Service::FileMode;
+
+constexpr FileMode newFile = FileMode::Write | FileMode::Create | FileMode::Truncate;
 
 std::string causeOf(const Service::FileStream& stream)
 {
@@ -28,10 +34,18 @@ void checkStream(const Service::FileStream& stream, const char* problem, const S
         fail<std::runtime_error>(problem, file.GetFullName(), " : ", causeOf(stream));
 }
 
+/// Where the file really is: a link stays a link.
+std::string placeOf(const Service::FileName& file)
+{
+    boost::system::error_code error;
+    const boost::filesystem::path place = boost::filesystem::canonical(file.GetFullName(), error);
+    return error ? file.GetFullName() : place.string();
+}
+
 } // namespace
 
 void SummaryWriterSpecFile::write(const SummaryCaseFacts& summaryCase, const SummaryRunFacts& run,
-                                  const SummaryWriterVectors& vectors)
+                                  const SummaryWriterVectors& vectors) const
 {
     std::ostringstream content;
     content.imbue(std::locale::classic());
@@ -40,26 +54,31 @@ void SummaryWriterSpecFile::write(const SummaryCaseFacts& summaryCase, const Sum
     replace(content.view());
 }
 
-/// The file is emptied and written in one piece. Most of the time, though, this writer finds its own content of the same
-/// length, in which the clock alone has moved on: that is overwritten in place, so that a viewer that opens the file just
-/// then finds a whole spec file and not an empty one.
-void SummaryWriterSpecFile::replace(std::string_view content)
+/// The new content is written aside and takes the place of the old one in a single step. Where that can't be done, in a
+/// folder that takes no new files or for a name that is no file, the old content is written over.
+void SummaryWriterSpecFile::replace(std::string_view content) const
 {
-    const auto length = static_cast<std::int64_t>(content.size());
-    const bool inPlace = ownLength_ == length && file_.FileLength() == length;
-    ownLength_ = -1;
-
-    using Service::FileMode;
-    const FileMode mode = FileMode::Write | FileMode::Create;
-    Service::FileStream stream(file_.GetFullName(), inPlace ? mode : mode | FileMode::Truncate);
+    const std::string place = placeOf(file_);
+    const bool exists = file_.FileExists();
+    if (exists) // one that mustn't be written isn't replaced either
+        checkStream(Service::FileStream(place, FileMode::Write), "Problem encountered opening file : ", file_);
+    const std::string aside = place + ".new";
+    Service::FileStream stream;
+    if (!exists || file_.IsFile())
+        stream.open(aside, newFile);
+    const bool isAside = stream.is_open();
+    if (!isAside)
+        stream.open(place, newFile);
     checkStream(stream, "Problem encountered opening file : ", file_);
     stream.setf(std::ios_base::scientific, std::ios_base::floatfield);
     checkStream(stream, "Problem encountered setting file flags : ", file_);
     stream.write(content.data(), static_cast<std::streamsize>(content.size()));
     stream.close();
-    if (!stream)
-        fail<std::runtime_error>("Problem closing file: ", file_.GetFullName());
-    ownLength_ = length;
+    if (stream && (!isAside || std::rename(aside.c_str(), place.c_str()) == 0))
+        return;
+    if (isAside)
+        std::remove(aside.c_str());
+    fail<std::runtime_error>("Problem closing file: ", file_.GetFullName());
 }
 
 } // namespace Kvt::Mrl::MrlIO

@@ -81,7 +81,7 @@ void SummaryWriterVectors::add(const std::string& grid, const ISummaryVectorArra
         fail<std::invalid_argument>("Grid \"", grid, "\" has already been specified");
     auto block = std::make_unique<SummaryGridVectors>();
     block->grid = grid;
-    block->rows = describedRows(grid, spec);
+    block->rows = describedRows(grid, spec, spec.size());
     block->hasMeasurements = spec.hasMeasurements();
 
     if (blocks_.size() == blocks_.capacity())
@@ -100,7 +100,7 @@ void SummaryWriterVectors::update(const std::string& grid, const ISummaryVectorA
         fail<std::invalid_argument>("ArraySpec for grid \"", grid, "\" is a different size       (", size,
                                     ")       to the original added using addArraySpec       (", block->rows.size(),
                                     ")");
-    std::vector<SummaryVectorRow> rows = describedRows(grid, spec);
+    std::vector<SummaryVectorRow> rows = describedRows(grid, spec, size);
     const bool hasMeasurements = spec.hasMeasurements();
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (!hasMeasurements)
@@ -114,10 +114,10 @@ void SummaryWriterVectors::update(const std::string& grid, const ISummaryVectorA
 
 /// Asks the caller for everything before anything of the writer is changed.
 std::vector<SummaryVectorRow> SummaryWriterVectors::describedRows(const std::string& grid,
-                                                                  const ISummaryVectorArraySpec& spec) const
+                                                                  const ISummaryVectorArraySpec& spec, int size) const
 {
-    const int size = spec.size();
     std::vector<SummaryVectorRow> rows;
+    rows.reserve(static_cast<std::size_t>(std::max(size, 0)));
     for (int i = 0; i < size; ++i)
         rows.push_back(checkedRow(spec, i, longNames_));
 

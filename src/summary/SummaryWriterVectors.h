@@ -3,6 +3,7 @@
 #include <mrlio/ISummaryVectorArray.h>
 #include <mrlio/UnitSystemType.h>
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -82,7 +83,8 @@ public:
     std::vector<float> record(float elapsedDays) const;
 
 private:
-    std::vector<SummaryVectorRow> describedRows(const std::string& grid, const ISummaryVectorArraySpec& spec) const;
+    std::vector<SummaryVectorRow> describedRows(const std::string& grid, const ISummaryVectorArraySpec& spec,
+                                                int size) const;
 
     UnitSystemType::Enum units_;
     bool longNames_;

@@ -38,12 +38,14 @@ public:
     void MakeComplete(const Directory& base);
 
     /// Lists entries whose bare name matches a regular expression anywhere in it; use ^ and $ to bind its ends.
-    /// pattern            a Perl-style regular expression; escaping is the caller's affair
-    /// ignoreCase         letters match in either case
-    /// files, folders     which kinds are listed; a link counts as what it points to, and as a file when that is
-    /// missing recursive          folders are searched too; links to folders are not followed fullNames          list
-    /// whole paths and not bare names names              emptied, then filled in byte order; stays empty if the
-    /// directory is missing or unreadable throws             std::runtime_error if the pattern is no regular expression
+    /// pattern          a Perl-style regular expression; escaping is the caller's affair
+    /// ignoreCase       letters match in either case
+    /// files, folders   which kinds are listed; a link counts as what it points to, and as a file when that is missing
+    /// recursive        folders are searched too; links to folders are not followed
+    /// fullNames        list whole paths and not bare names
+    /// names            emptied, then filled in byte order; a directory or folder that is missing or unreadable adds
+    ///                  nothing
+    /// throws           std::runtime_error if the pattern is no regular expression
     void Find(const std::string& pattern, bool ignoreCase, bool files, bool folders, bool recursive, bool fullNames,
               std::vector<std::string>& names) const;
 

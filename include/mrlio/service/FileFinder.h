@@ -10,8 +10,8 @@
 
 namespace Kvt::Mrl::Core::Service {
 
-/// Finds files by filters. Results are paths as the catalog lists them, in the order of the catalog. No file passes a null
-/// filter. The disk isn't looked at. The order of the virtual operations is part of the contract.
+/// Finds files by filters. Results are paths as the catalog lists them, in the order of the catalog. No file passes a
+/// null filter. The disk isn't looked at. The order of the virtual operations is part of the contract.
 class MRLIO_EXPORT IFileFinder
 {
 public:

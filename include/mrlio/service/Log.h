@@ -20,7 +20,8 @@ enum MessageSeverity : int
 class MRLIO_EXPORT Log
 {
 public:
-    /// Gets each message, on the thread that sends it; so it may be called on several threads at once.
+    /// Gets each message, on the thread that sends it; so it may be called on several threads at once. It may send
+    /// messages itself, which come to it at once; one that answers each with another never ends.
     using Sink = std::function<void(const std::string& text, MessageSeverity severity)>;
 
     Log() = delete;

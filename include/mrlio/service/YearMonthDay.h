@@ -13,8 +13,8 @@ public:
     YearMonthDay() = default;
 
     /// year         0 or above
-    /// month, day   from 1. They are taken as int, so that a number out of range is seen and not cut to a narrower
-    /// type. throws       ServiceException if there is no such day
+    /// month, day   from 1; taken as int, so that a number out of range is seen and not cut to a narrower type
+    /// throws       ServiceException if there is no such day
     YearMonthDay(long year, int month, int day);
 
     long Year() const { return year_; }
