@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::size_t mostValues = 64 * 1024; // gathered at a time: 256 KiB
 constexpr std::size_t mostRows = 256;
+constexpr int widestGap = 1000; // values between two slices that cost less to read than another seek
 
 } // namespace
 
@@ -46,20 +47,37 @@ ParamsColumns::ParamsColumns(const SummaryContentIndex& index, const Slices& sli
 
 void ParamsColumns::splitIntoGroups(const Slices& slices)
 {
-    constexpr int groupSize = static_cast<int>(mostValues);
     for (auto [first, last] : slices) {
         while (first <= last) {
-            if (groups_.empty() || groups_.back().columnCount == mostValues) {
-                const std::size_t before = groups_.empty() ? 0 : groups_.back().firstColumn + mostValues;
-                groups_.push_back({{}, before, 0});
+            if (groups_.empty() || groups_.back().rowWidth == mostValues) {
+                const std::size_t before = groups_.empty() ? 0 : groups_.back().firstColumn + groups_.back().places.size();
+                groups_.push_back({{}, before, {}, 0});
             }
-            Group& group = groups_.back();
-            const int count = std::min(last - first + 1, groupSize - static_cast<int>(group.columnCount));
-            group.slices.emplace_back(first, first + count - 1);
-            group.columnCount += static_cast<std::size_t>(count);
-            first += count;
+            first += addSlice(groups_.back(), first, last);
         }
     }
+}
+
+/// Adds as much of a slice as the group has room for, and returns how many values that are.
+int ParamsColumns::addSlice(Group& group, int first, int last)
+{
+    int from = first;
+    if (!group.slices.empty()) {
+        const int behind = group.slices.back().second + 1;
+        const bool isNear = first - behind <= widestGap && group.rowWidth + static_cast<std::size_t>(first - behind) < mostValues;
+        if (isNear)
+            from = behind;
+    }
+    const int room = static_cast<int>(mostValues - group.rowWidth);
+    const int end = std::min(last + 1, from + room);
+    if (from == first)
+        group.slices.emplace_back(first, end - 1);
+    else
+        group.slices.back().second = end - 1;
+    for (int place = first; place < end; ++place)
+        group.places.push_back(group.rowWidth + static_cast<std::size_t>(place - from));
+    group.rowWidth += static_cast<std::size_t>(end - from);
+    return end - first;
 }
 
 void ParamsColumns::append(StepIterator from)
@@ -71,7 +89,7 @@ void ParamsColumns::append(StepIterator from)
 void ParamsColumns::readGroup(const Group& group, StepIterator from)
 {
     wholeLength_ = columns_[group.firstColumn]->size();
-    rows_.resize(rowCapacity(group) * group.columnCount);
+    rows_.resize(rowCapacity(group) * group.rowWidth);
     rowCount_ = 0;
     try {
         for (; from != index_.reportSteps().end(); ++from) {
@@ -95,7 +113,7 @@ void ParamsColumns::readReportStep(const Group& group, const SummaryReportStepIn
             if (rowCount_ == rowCapacity(group))
                 handOnRows(group);
             params_.keywordPos(miniStep->position());
-            isRead = readRow(group, rows_.data() + rowCount_ * group.columnCount);
+            isRead = readRow(group, rows_.data() + rowCount_ * group.rowWidth);
             if (!isRead)
                 break;
             ++rowCount_;
@@ -121,9 +139,9 @@ void ParamsColumns::handOnRows(const Group& group)
 {
     const std::size_t rowCount = std::exchange(rowCount_, 0);
     std::array<float, mostRows> values;
-    for (std::size_t i = 0; i < group.columnCount; ++i) {
+    for (std::size_t i = 0; i < group.places.size(); ++i) {
         for (std::size_t row = 0; row < rowCount; ++row)
-            values[row] = rows_[row * group.columnCount + i];
+            values[row] = rows_[row * group.rowWidth + group.places[i]];
         std::vector<float>& column = *columns_[group.firstColumn + i];
         column.insert(column.end(), values.begin(), values.begin() + static_cast<std::ptrdiff_t>(rowCount));
     }
@@ -158,7 +176,7 @@ void ParamsColumns::open(const Service::FileName& file)
 
 std::size_t ParamsColumns::rowCapacity(const Group& group) const
 {
-    return std::clamp<std::size_t>(mostValues / group.columnCount, 1, mostRows);
+    return std::clamp<std::size_t>(mostValues / group.rowWidth, 1, mostRows);
 }
 
 } // namespace Kvt::Mrl::MrlIO

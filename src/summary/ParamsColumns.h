@@ -17,8 +17,8 @@ namespace Kvt::Mrl::MrlIO {
 std::optional<SummaryReportSteps::const_iterator> findReportStepBehind(const SummaryReportSteps& reportSteps,
                                                                        std::size_t miniSteps);
 
-/// Reads slices of the PARAMS of consecutive report steps into columns, one value of each per mini step. What stands side
-/// by side in the file goes to one column each, so that mini steps are gathered and handed on many at a time.
+/// Reads slices of the PARAMS of consecutive report steps into columns, one value of each per mini step. What stands
+/// side by side in the file goes to one column each, so that mini steps are gathered and handed on many at a time.
 class ParamsColumns
 {
 public:
@@ -38,12 +38,14 @@ private:
     /// Columns that are read in one pass, and the slices that they come from. One group unless there are very many.
     struct Group
     {
-        Slices slices;
+        Slices slices; // those that nearly touch are one, with what stands between them
         std::size_t firstColumn = 0;
-        std::size_t columnCount = 0;
+        std::vector<std::size_t> places; // of the columns' values in a row
+        std::size_t rowWidth = 0;
     };
 
     void splitIntoGroups(const Slices& slices);
+    static int addSlice(Group& group, int first, int last);
     void readGroup(const Group& group, StepIterator from);
     void readReportStep(const Group& group, const SummaryReportStepInfo& reportStep);
     bool readRow(const Group& group, float* row);
