@@ -1,5 +1,5 @@
-/// How long does it take to read a REAL array of an unformatted file into a vector that has its capacity? The floor reads
-/// windows of 256 KiB, strips the record marks and swaps the bytes into place.
+/// How long does it take to read a REAL array of an unformatted file into a vector that has its capacity? The floor
+/// reads windows of 256 KiB, strips the record marks and swaps the bytes into place.
 
 #include "Floor.h"
 #include "Ratios.h"

@@ -1,5 +1,5 @@
-/// How long does it take to write a REAL array to an unformatted file? The floor encodes records into a buffer of 1 MiB of its
-/// own and writes that out.
+/// How long does it take to write a REAL array to an unformatted file? The floor encodes records into a buffer of 1
+/// MiB of its own and writes that out.
 
 #include "Floor.h"
 #include "Ratios.h"

@@ -31,12 +31,12 @@ private:
     std::string path_;
 };
 
-/// Where files are read from: the folder for temporary files, or what MRLIO_BENCH_DIR names. Its pages are warm, since the
-/// program has just written them.
+/// Where files are read from: the folder for temporary files, or what MRLIO_BENCH_DIR names. Its pages are warm, since
+/// the program has just written them.
 const Folder& folder();
 
-/// Where files are written: in memory if the system has such a place, since a disk that writes back at some moment or another
-/// would be all that is measured.
+/// Where files are written: in memory if the system has such a place, since a disk that writes back at some moment or
+/// another would be all that is measured.
 const Folder& writeFolder();
 
 /// A descriptor that closes itself; the program ends with a message if the file can't be opened.

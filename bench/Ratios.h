@@ -1,9 +1,9 @@
 #pragma once
 
 /// \file
-/// Benchmarks come in pairs: the library's time, and in the same run that of a floor, a hand-written program that does no more
-/// than the file system and the processor must. The ratio of their medians is what counts, since absolute times move from
-/// machine to machine and from hour to hour.
+/// Benchmarks come in pairs: the library's time, and in the same run that of a floor, a hand-written program that does
+/// no more than the file system and the processor must. The ratio of their medians is what counts, since absolute times
+/// move from machine to machine and from hour to hour.
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
-/// How long does it take to get a summary vector over 100,000 mini steps of 2,000 vectors? The floor is one positional read of
-/// the needed bytes a step. And how long to walk all headers of that file? The floor is a hand loop over headers and record
-/// marks through a window of 256 KiB.
+/// How long does it take to get a summary vector over 100,000 mini steps of 2,000 vectors? The floor is one positional
+/// read of the needed bytes a step. And how long to walk all headers of that file? The floor is a hand loop over headers
+/// and record marks through a window of 256 KiB.
 
 #include "Floor.h"
 #include "Ratios.h"

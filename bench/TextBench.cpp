@@ -1,5 +1,5 @@
-/// How long does it take to print and to read numbers as text, through a file? Compared with the formatted input and output of
-/// gfortran's run-time library, which nearly everybody uses for such files.
+/// How long does it take to print and to read numbers as text, through a file? Compared with the formatted input and
+/// output of gfortran's run-time library, which nearly everybody uses for such files.
 
 #include "Floor.h"
 #include "Ratios.h"

@@ -224,7 +224,8 @@ void writeCase(const std::string& directory, bool formatted, float value)
     writer.close();
 }
 
-/// A whole life of a case on each thread: written, read through a cache that is made and then used, and again rewritten.
+/// A whole life of a case on each thread: written, read through a cache that is made and then used, and again
+/// rewritten.
 TEST(Concurrency, SeparateCasesAreWrittenAndReadThroughTheirCaches)
 {
     onThreads([](int number) {

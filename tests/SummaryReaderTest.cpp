@@ -104,7 +104,7 @@ TEST_P(SummaryReader, ReadsManyMiniStepsOfManyVectorsInSeveralRecords)
     std::vector<int> nums;
     for (int i = 0; i < vectors; ++i)
         nums.push_back(i);
-    keywords[0] = keywords[999] = keywords[2000] = "TIME";
+    keywords[0] = keywords[999] = keywords[2050] = "TIME";
     const auto spec = std::make_shared<SummarySpecData>(
         case_.write("BIG.SMSPEC",
                     KeywordFileBuilder().keyword("KEYWORDS", keywords).keyword("NUMS", nums).keyword("UNITS", units)));
@@ -119,12 +119,37 @@ TEST_P(SummaryReader, ReadsManyMiniStepsOfManyVectorsInSeveralRecords)
     }
     const auto reader = SimpleSummaryReader::create(spec, {case_.write("BIG.UNSMRY", data)}, case_.directory(), "BIG",
                                                     ISummaryReader::NoCache);
-    for (const int place : {0, 1, 998, 999, 1000, 2000, 2099}) {
+    for (const int place : {0, 1, 998, 999, 1000, 2050, 2099}) {
         const auto values = reader->getValues(spec->allVectorIDs()[static_cast<std::size_t>(place)]);
         ASSERT_TRUE(values);
         ASSERT_EQ(values->size(), static_cast<std::size_t>(miniSteps));
         for (int miniStep = 0; miniStep < miniSteps; ++miniStep)
             ASSERT_EQ((*values)[static_cast<std::size_t>(miniStep)], static_cast<float>(miniStep * 10000 + place));
+    }
+}
+
+TEST_P(SummaryReader, ReadsInterleavedKeywordsOfVeryManyVectors)
+{
+    // Wider than a row of what is gathered, in runs of one vector each.
+    constexpr int vectors = 140001;
+    std::vector<std::string> keywords, units(vectors);
+    std::vector<int> nums;
+    Values values;
+    for (int i = 0; i < vectors; ++i) {
+        keywords.push_back(i % 2 == 0 ? "BPR" : "BWSAT");
+        nums.push_back(i);
+        values.push_back(static_cast<float>(i));
+    }
+    const auto spec = std::make_shared<SummarySpecData>(
+        case_.write("WIDE.SMSPEC",
+                    KeywordFileBuilder().keyword("KEYWORDS", keywords).keyword("NUMS", nums).keyword("UNITS", units)));
+    SummaryDataBuilder data;
+    data.reportStep().miniStep(0, values).miniStep(1, values);
+    const auto reader = SimpleSummaryReader::create(spec, {case_.write("WIDE.UNSMRY", data)}, case_.directory(), "WIDE",
+                                                    ISummaryReader::NoCache);
+    for (int place = 0; place < vectors; place += 999) {
+        const auto value = static_cast<float>(place);
+        ASSERT_EQ(get(*reader, spec->allVectorIDs()[static_cast<std::size_t>(place)]), (Values{value, value}));
     }
 }
 

@@ -9,7 +9,7 @@ namespace {
 using namespace Kvt::Mrl::MrlIO;
 using DataFormat = FileIdentifiers::DataFormat;
 
-/// The first word of RUNTIMEI in the specification is 2 once the run has ended.
+/// The first word of RUNTIMEI in the spec file is 2 once the run has ended.
 bool writerIsDone(const std::string& specFile)
 {
     const auto reader = MorvaneReaderUtils::createReader(specFile, FileIdentifiers::Summary::isFormatted(specFile));

@@ -22,8 +22,8 @@ public:
     };
 
     /// Takes in what the case has grown by: new files of a split set through the reader at hand, a unified file that
-    /// has grown through a new reader. Gives true if there is something new. A case that isn't there yet, or whose files
-    /// are being replaced at the moment, gives false.
+    /// has grown through a new reader. Gives true if there is something new. A case that isn't there yet, or whose
+    /// files are being replaced at the moment, gives false.
     bool refresh(Extent extent);
 
     /// True once the writer has closed the case for good.

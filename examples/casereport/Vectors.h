@@ -9,7 +9,7 @@ namespace casereport {
 
 using Kvt::Mrl::MrlIO::SummaryVectorIDParams;
 
-/// All vectors of a keyword, in the order of the specification.
+/// All vectors of a keyword, in the order of the spec file.
 std::vector<SummaryVectorIDParams> vectorsOf(const Kvt::Mrl::MrlIO::ISummaryReader& reader, const std::string& keyword);
 
 /// The vectors that a text asks for: KEYWORD for all of them, KEYWORD:NAME or KEYWORD:NUMBER for one.

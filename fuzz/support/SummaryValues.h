@@ -18,7 +18,7 @@ using Kvt::Mrl::MrlIO::SimpleSummaryReader;
 using Kvt::Mrl::MrlIO::SummarySpecData;
 using Factory = std::unique_ptr<Kvt::Mrl::MrlIO::ISummaryDataLoaderFactory>;
 
-/// What a reader gives for each vector of the specification; null where it gives nothing.
+/// What a reader gives for each vector of the spec file; null where it gives nothing.
 using SummaryValues = std::vector<std::shared_ptr<const std::vector<float>>>;
 
 /// All values of a case, with the loader of the given factory. Empty if the files are refused.

@@ -11,8 +11,8 @@ namespace Kvt::Mrl::MrlIO {
 /// Which report steps and mini steps the data files of a case hold, and where. Clients' factories only pass it on.
 class SummaryContentIndex;
 
-/// Turns the summary data, stored by time, into vectors, asked for by name. Made by an ISummaryDataLoaderFactory for one
-/// reader and used by it alone. The order of the virtual operations is part of the interface.
+/// Turns the summary data, stored by time, into vectors, asked for by name. Made by an ISummaryDataLoaderFactory for
+/// one reader and used by it alone. The order of the virtual operations is part of the interface.
 class MRLIO_EXPORT ISummaryDataLoader
 {
 public:
@@ -37,8 +37,8 @@ public:
     virtual ISummaryDataLoader* create(const SummarySpecData& spec, const SummaryContentIndex& index) const = 0;
 };
 
-/// Makes the default loaders: they read the vectors of one keyword at the first request for any of them, a slice of each
-/// PARAMS, and keep them.
+/// Makes the default loaders: they read the vectors of one keyword at the first request for any of them, a slice of
+/// each PARAMS, and keep them.
 class MRLIO_EXPORT SummaryDataLoaderIncrementalFactory : public ISummaryDataLoaderFactory
 {
 public:

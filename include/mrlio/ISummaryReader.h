@@ -12,10 +12,10 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-/// Reads the summary of a case: which vectors there are, and their values over time. Failures in reading data are logged
-/// and answered with empty results, so that a viewer survives a case that is still being written. A reader belongs to
-/// one thread at a time; separate readers may run on separate threads. References and values stay valid as long as the
-/// reader lives. The order of the virtual operations is part of the interface.
+/// Reads the summary of a case: which vectors there are, and their values over time. Failures in reading data are
+/// logged and answered with empty results, so that a viewer survives a case that is still being written. A reader
+/// belongs to one thread at a time; separate readers may run on separate threads. References and values stay valid as
+/// long as the reader lives. The order of the virtual operations is part of the interface.
 class MRLIO_EXPORT ISummaryReader
 {
 public:
@@ -32,12 +32,16 @@ public:
 
     /// Goes on with the files that a running simulator has added. files is the whole list: the names known so far, in
     /// their order, and behind them the new ones.
-    /// True if there are new files; they are read at the next question that needs them. False if files has as many names
-    /// as are known.
+    /// True if there are new files; they are read at the next question that needs them. False if files has as many
+    /// names as are known.
+    /// Only the new files are looked through. What came into a known file after it was looked through stays out: the
+    /// rest of a file that was still being written then, so that mini steps are missing in the middle, or the growth of
+    /// a unified file. So leave a file out of the list until the run has begun the next one, or make a new reader.
+    /// Where looking through the files has failed, the next call with new files looks through all of them again.
     /// throws  SummaryReaderException if names are missing or differ from the known ones; nothing has changed then
     virtual bool readNewData(const std::vector<std::string>& files) = 0;
 
-    /// Whether the specification file and all data files exist.
+    /// Whether the spec file and all data files exist.
     virtual bool isValid() const = 0;
 
     /// The data files, in order.
@@ -46,8 +50,8 @@ public:
     virtual const Service::YearMonthDay& startDate() const = 0;
     virtual const Service::HourMinuteSecondMillisecond& startTime() const = 0;
 
-    /// The values of the vector TIME, one per mini step, as stored: days since the start of the case, hours in a case of
-    /// LAB units. Empty if there is no such vector or it can't be read. Refilled by calls after readNewData().
+    /// The values of the vector TIME, one per mini step, as stored: days since the start of the case, hours in a case
+    /// of LAB units. Empty if there is no such vector or it can't be read. Refilled by calls after readNewData().
     virtual const std::vector<float>& timeStepDays() const = 0;
 
     /// Cells of the grid in each direction; 0 if not known.
@@ -83,8 +87,8 @@ class MRLIO_EXPORT ISimpleSummaryReader : public virtual ISummaryReader
 public:
     ~ISimpleSummaryReader() override;
 
-    /// The numbers of the mini steps, in the order of the values. Empty, with a line in the log, if the data files can't
-    /// be read.
+    /// The numbers of the mini steps, in the order of the values. Empty, with a line in the log, if the data files
+    /// can't be read.
     virtual const std::vector<int>& miniTimeSteps() const = 0;
 
     /// One value per report step: the TIME value, as stored (days; hours in LAB units), of its last mini step. Empty if

@@ -20,8 +20,8 @@ public:
 
     LogWrapper(const LogWrapper&) = default;
     LogWrapper(LogWrapper&&) noexcept = default;
-    LogWrapper& operator=(const LogWrapper& other);
-    LogWrapper& operator=(LogWrapper&& other) noexcept;
+    LogWrapper& operator=(const LogWrapper&) = default;
+    LogWrapper& operator=(LogWrapper&&) noexcept = default;
     ~LogWrapper() override;
 
     /// Not to be called while another thread logs.

@@ -44,8 +44,8 @@ public:
     MorvaneAsciiReader(const MorvaneAsciiReader&) = delete;
     MorvaneAsciiReader& operator=(const MorvaneAsciiReader&) = delete;
 
-    /// True with no file open, else whether the last operation ran into the end of the file. After an exception it tells
-    /// a keyword that is cut by the end of the file from a damaged one.
+    /// True with no file open, else whether the last operation ran into the end of the file. After an exception it
+    /// tells a keyword that is cut by the end of the file from a damaged one.
     bool eof() override;
 
     /// Opens a file for reading in place of the one that is open, and forgets the current keyword.

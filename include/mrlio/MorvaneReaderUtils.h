@@ -16,7 +16,8 @@ public:
     static std::unique_ptr<MorvaneReader> createReader(const std::string& fileName, bool formatted);
 
     /// A reader at the start of a file that begins with a keyword header. Null if the file can't be opened, is empty,
-    /// or begins with something else. throws MrlIOException if it begins with a damaged header
+    /// or begins with something else.
+    /// throws MrlIOException if it begins with a damaged header
     static std::unique_ptr<MorvaneReader> createAndInitReader(const std::string& fileName, bool formatted);
 };
 

@@ -27,8 +27,8 @@ struct MRLIO_EXPORT MrlWriterDefaultParams
     bool unified = false;
 
     /// Summary only: keywords may have more than 8 characters, and names go out under NAMES even when they are short.
-    /// Unformatted files hold the first 8 characters of a keyword. Formatted ones can't be read back with a keyword of 13
-    /// characters or more, whose closing quote is lost.
+    /// Unformatted files hold the first 8 characters of a keyword. Formatted ones can't be read back with a keyword of
+    /// 13 characters or more, whose closing quote is lost.
     bool longNames = false;
 
     /// Summary only: the files hold nothing that depends on the time of writing, so that two runs give the same bytes.

@@ -21,9 +21,9 @@ public:
     /// files                the data files in the order of time, as FileFinders::Summary gives them; may be empty
     /// directory, baseName  where the content index cache lies, and the name of the case
     /// throws               SummaryReaderException if a file is missing, its keywords don't make sense or the number of
-    ///                      vectors differs from the specification's; MrlIOException if a file is damaged. A file that
+    ///                      vectors differs from the spec file's; MrlIOException if a file is damaged. A file that
     ///                      ends in the middle of a keyword counts as one that is still being written: what is
-    ///                      complete before that is given
+    ///                      complete before that is given, and the rest never by this reader, see readNewData()
     static std::unique_ptr<SimpleSummaryReader> create(const std::shared_ptr<SummarySpecData>& spec,
                                                        const std::vector<std::string>& files,
                                                        const std::string& directory, const std::string& baseName,

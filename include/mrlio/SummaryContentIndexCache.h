@@ -12,8 +12,8 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-/// The XML file beside the summary data files of a case that saves a reader the walk through all their headers. It names
-/// every data file with its length and its time of last change, and is worth nothing once one of them differs.
+/// The XML file beside the summary data files of a case that saves a reader the walk through all their headers. It
+/// names every data file with its length and its time of last change, and is worth nothing once one of them differs.
 /// Stateless; any thread may use it, on different cache files.
 class MRLIO_EXPORT SummaryContentIndexCache
 {

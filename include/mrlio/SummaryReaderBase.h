@@ -10,7 +10,7 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-/// The part of a summary reader that needs only the specification data, which it shares, and a loader.
+/// The part of a summary reader that needs only the spec data, which it shares, and a loader.
 class MRLIO_EXPORT SummaryReaderBase : public virtual ISummaryReader
 {
 public:

@@ -22,7 +22,7 @@ class SummarySpecDataImpl;
 class MRLIO_EXPORT SummarySpecData
 {
 public:
-    /// Reads the specification file; the extension tells whether it is formatted.
+    /// Reads the spec file; the extension tells whether it is formatted.
     /// throws  SummaryReaderException if the file can't be opened, an array can't be read or the arrays don't fit
     ///         together; MrlIOException if the framing is damaged or cut off; ServiceException for a start date or time
     ///         that doesn't exist
@@ -37,7 +37,7 @@ public:
 
     /// The path given to the constructor; empty for a specification in memory.
     const std::string& specFilepath() const;
-    /// Whether the specification was read from a file.
+    /// Whether the spec file was read from a file.
     bool isInitialized() const;
     bool isFormatted() const;
 

@@ -18,8 +18,8 @@ class SummaryWriterImpl;
 
 /// Writes the summary of a running simulation: a spec file (SMSPEC, FSMSPEC) that says which vectors there are, and
 /// data with the values of all of them at each mini step, in one file (UNSMRY, FUNSMRY) or one for each report step
-/// (S0001, A0001 and on). A reader in another process sees a sound case at any moment of the run: the spec file is there
-/// before the first record and is replaced in a single step, and each record is appended whole.
+/// (S0001, A0001 and on). A reader in another process sees a sound case at any moment of the run: the spec file is
+/// there before the first record and is replaced in a single step, and each record is appended whole.
 ///
 ///     SummaryWriter writer(directory, "CASE", grid, YearMonthDay(2026, 1, 1), false, params, true);
 ///     writer.addArraySpec(fieldAndWells);                      // describe the vectors, a grid at a time
@@ -79,8 +79,8 @@ public:
 
     /// Adds the vectors of a grid. Allowed within the first mini step, until its record is written.
     ///
-    /// grid     name of a local grid, of which unformatted files hold 8 characters; empty for the global one, which goes
-    ///          in front of the others whenever it is added
+    /// grid     name of a local grid, of which unformatted files hold 8 characters; empty for the global one, which
+    ///          goes in front of the others whenever it is added
     /// throws   std::runtime_error if it is too late; std::invalid_argument if the grid was added before, a keyword or
     ///          units have more than 8 characters, a name more than 72, or a local grid has no positions. The writer is
     ///          unchanged then.
@@ -99,8 +99,8 @@ public:
     /// values of all grids or of none.
     ///
     /// returns  the number of the mini step
-    /// throws   std::runtime_error if the writer is closed or no mini step is open; std::invalid_argument if the grid is
-    ///          unknown, the size differs from its description, or its values were given before. What the array itself
+    /// throws   std::runtime_error if the writer is closed or no mini step is open; std::invalid_argument if the grid
+    ///          is unknown, the size differs from its description, or its values were given before. What the array itself
     ///          throws passes through, and its values count as not given.
     int writeArray(const std::string& grid, const ISummaryVectorArray& array);
     int writeArray(const ISummaryVectorArray& array);

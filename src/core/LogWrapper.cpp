@@ -35,18 +35,6 @@ void forward(const ILog& wrapper, const ILog* logger, IsEnabled isEnabled, Write
 
 LogWrapper::~LogWrapper() = default;
 
-LogWrapper& LogWrapper::operator=(const LogWrapper& other)
-{
-    logger_ = other.logger_;
-    return *this;
-}
-
-LogWrapper& LogWrapper::operator=(LogWrapper&& other) noexcept
-{
-    logger_ = other.logger_;
-    return *this;
-}
-
 bool LogWrapper::isDebugEnabled() const
 {
     return ask(logger_, &ILog::isDebugEnabled);

@@ -92,13 +92,10 @@ bool MorvaneAsciiReader::eof()
 
 bool MorvaneAsciiReader::setFilename(const std::string& fileName)
 {
-    // The argument may be what getFileName gave.
-    const std::string wanted = fileName;
-    storeFileName("");
-    if (!impl_->open(wanted))
-        return false;
-    storeFileName(wanted);
-    return true;
+    // The argument may be what getFileName gave, so the stored name goes last.
+    const bool isOpen = impl_->open(fileName);
+    storeFileName(isOpen ? fileName : std::string());
+    return isOpen;
 }
 
 void MorvaneAsciiReader::setCurrentHeader(KeywordHeader& header)

@@ -1,6 +1,7 @@
 #include "core/MorvaneAsciiReaderImpl.h"
 
 #include "core/Fail.h"
+#include "core/SameKeyword.h"
 #include "core/TextHeaderLine.h"
 #include "service/FileUtils.h"
 
@@ -25,15 +26,6 @@ constexpr auto noType = static_cast<ValueType::Enum>(8);
 constexpr bool beginsHeaderLine(char c)
 {
     return c == '\'' || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-/// Of a double header only the remainder stands in the line before the data; a single line may hold it all.
-bool sizesMatch(const KeywordHeader& wanted, const KeywordHeader& found)
-{
-    if (wanted.valueType() == ValueType::X231)
-        return wanted.size() < 1 || wanted.size() == found.size();
-    const std::int64_t remainder = wanted.second_size();
-    return remainder < 1 || remainder == found.second_size();
 }
 
 } // namespace
@@ -149,12 +141,7 @@ void MorvaneAsciiReaderImpl::seekToData(const KeywordHeader& header)
         fail<MrlIOException>(inSeekToStartOfData, ": error seeking in file");
     KeywordHeader found;
     readHeaderLine(found);
-    if (header.name() != found.name())
-        fail<MrlIOException>(inSeekToStartOfData, ": keyword header name does not match");
-    if (header.valueType() != found.valueType())
-        fail<MrlIOException>(inSeekToStartOfData, ": keyword header value type does not match");
-    if (!sizesMatch(header, found))
-        fail<MrlIOException>(inSeekToStartOfData, ": keyword header size does not match");
+    requireSameKeyword(inSeekToStartOfData, header, found);
 }
 
 bool MorvaneAsciiReaderImpl::findHeaderLine(std::string& line, std::int64_t& position)

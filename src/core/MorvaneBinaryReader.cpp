@@ -71,12 +71,10 @@ bool MorvaneBinaryReader::eof()
 
 bool MorvaneBinaryReader::setFilename(const std::string& fileName)
 {
-    const std::string wanted = fileName; // it may be what getFileName gave
-    storeFileName("");
-    if (!impl_->open(wanted))
-        return false;
-    storeFileName(wanted);
-    return true;
+    // The argument may be what getFileName gave, so the stored name goes last.
+    const bool isOpen = impl_->open(fileName);
+    storeFileName(isOpen ? fileName : std::string());
+    return isOpen;
 }
 
 void MorvaneBinaryReader::setCurrentHeader(KeywordHeader& header)

@@ -1,6 +1,7 @@
 #include "core/MorvaneBinaryReaderImpl.h"
 
 #include "core/HeaderRecord.h"
+#include "core/SameKeyword.h"
 #include "core/ValueTypeLayout.h"
 #include "service/BinaryFileIO.h"
 
@@ -21,15 +22,6 @@ constexpr const char* inReadKeywordData = "Kvt::Mrl::MrlIO::MorvaneBinaryReader:
 
 /// There is no current keyword; only a position counts.
 constexpr auto noType = static_cast<ValueType::Enum>(8);
-
-/// Of a double header, the record before the data holds the remainder only.
-bool sizesMatch(const KeywordHeader& wanted, const KeywordHeader& found)
-{
-    if (wanted.valueType() == ValueType::X231)
-        return wanted.size() < 1 || wanted.size() == found.size();
-    const std::int64_t remainder = wanted.second_size();
-    return remainder < 1 || remainder == found.second_size();
-}
 
 /// Bytes from the start of the data to the end of an element, in records of the usual length. A hint, not a fact.
 std::int64_t usualBytes(const KeywordHeader& header, std::int64_t element)
@@ -57,6 +49,7 @@ void MorvaneBinaryReaderImpl::setCurrent(const KeywordHeader& header)
 {
     current_ = header;
     startsAnew_ = true;
+    justWalked_ = false;
     if (file_ != nullptr)
         file_->seekg(current_.keywordLargePos());
 }
@@ -65,6 +58,7 @@ bool MorvaneBinaryReaderImpl::readNext(KeywordHeader& header)
 {
     if (file_ == nullptr)
         fail<MrlIOException>(inReadNext, ": no file open");
+    justWalked_ = false;
     // Where a walk starts anew, has ended or failed, what the file holds by now counts, not what was read before.
     if (std::exchange(startsAnew_, true))
         file_->forget();
@@ -73,6 +67,7 @@ bool MorvaneBinaryReaderImpl::readNext(KeywordHeader& header)
         return false;
     current_ = header;
     startsAnew_ = false;
+    justWalked_ = true;
     return true;
 }
 
@@ -126,12 +121,7 @@ void MorvaneBinaryReaderImpl::seekToData(const KeywordHeader& header)
     KeywordHeader found;
     if (!readHeader(found))
         fail<MrlIOException>(inSeekToStartOfData, ": failed to read keyword header");
-    if (header.name() != found.name())
-        fail<MrlIOException>(inSeekToStartOfData, ": keyword header name does not match");
-    if (header.valueType() != found.valueType())
-        fail<MrlIOException>(inSeekToStartOfData, ": keyword header value type does not match");
-    if (!sizesMatch(header, found))
-        fail<MrlIOException>(inSeekToStartOfData, ": keyword header size does not match");
+    requireSameKeyword(inSeekToStartOfData, header, found);
 }
 
 void MorvaneBinaryReaderImpl::seekToDataAnew(const KeywordHeader& header)
@@ -183,7 +173,10 @@ bool MorvaneBinaryReaderImpl::startSlice(const KeywordHeader& header, std::int64
 {
     if (file_ == nullptr)
         fail<MrlIOException>(inReadKeywordData, ": no file open");
-    noticeChanges(header);
+    // The header that the walk has just read needs no second look, but only once: another attempt looks again.
+    const bool isJustRead = header.second_keywordLargePos() == current_.second_keywordLargePos();
+    if (!std::exchange(justWalked_, false) || !isJustRead)
+        noticeChanges(header);
     file_->seekg(header.second_keywordLargePos());
     file_->expect(headerRecordLength + usualBytes(header, last)); // the mark of each record on the way is wanted
     seekToData(header);

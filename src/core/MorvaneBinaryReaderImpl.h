@@ -56,6 +56,7 @@ private:
     std::unique_ptr<Service::BufferedBinaryFileReader> file_;
     KeywordHeader current_;
     bool startsAnew_ = false; // the walk doesn't go on from a step that gave a header
+    bool justWalked_ = false; // nothing was read since the walk gave the current header
 };
 
 template <class T>

@@ -112,7 +112,9 @@ void parseTextHeaderLine(KeywordHeader& header, std::string& line, std::int64_t 
 {
     const Place place{fileName, position};
     const HeaderLine parsed = parseColumns(line, place);
-    if (header.valueType() == ValueType::X231) {
+    // A walk that begins again at the first half meets that half with its own header in hand.
+    const bool firstAgain = parsed.type.type() == ValueType::X231 && position == header.keywordLargePos();
+    if (header.valueType() == ValueType::X231 && !firstAgain) {
         completeDoubleHeader(header, parsed, place);
         return;
     }

@@ -74,8 +74,8 @@ public:
     /// Passes everything up to and including the next delimiter.
     void ignoreThrough(char delimiter);
 
-    /// Passes lines up to one whose first character other than blank and tab is wanted, and reads that line and where it
-    /// starts. The end bit says that the line ended with the file. Lines passed are not collected.
+    /// Passes lines up to one whose first character other than blank and tab is wanted, and reads that line and where
+    /// it starts. The end bit says that the line ended with the file. Lines passed are not collected.
     /// False at the end of the file.
     template <class Wanted>
     bool findLine(Wanted wanted, std::string& line, std::int64_t& start);

@@ -34,7 +34,7 @@ private:
 
     bool readFiles(Element files);
     bool validateFile(Element file);
-    void addReportStep(Element reportStep);
+    void addReportStep(Element element);
     std::shared_ptr<const Service::FileName> dataFile(std::string_view name);
 
     std::string directory_;

@@ -13,9 +13,9 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-/// Walks over the keywords of a summary data file that a simulator may still be writing. A reader of keyword files takes
-/// every fault for damage; the walk tells damage from a keyword that is cut off by the end of the file, which is where
-/// the writer has come to. Damage throws the reader's MrlIOException.
+/// Walks over the keywords of a summary data file that a simulator may still be writing. A reader of keyword files
+/// takes every fault for damage; the walk tells damage from a keyword that is cut off by the end of the file, which is
+/// where the writer has come to. Damage throws the reader's MrlIOException.
 class DataFileWalk
 {
 public:
@@ -45,8 +45,8 @@ public:
     /// Reads the data of the present keyword.
     Outcome readIntegers(std::vector<int>& values, std::string& failure);
 
-    /// Whether all data of the last keyword but one, or the last, are there, once the walk is over. The walk itself counts
-    /// unformatted data that something follows, and takes formatted ones there on trust.
+    /// Whether all data of the last keyword but one, or the last, are there, once the walk is over. The walk itself
+    /// counts unformatted data that something follows, and takes formatted ones there on trust.
     bool isWhole(const KeywordHeader& keyword);
 
 private:

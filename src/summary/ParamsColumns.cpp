@@ -50,7 +50,8 @@ void ParamsColumns::splitIntoGroups(const Slices& slices)
     for (auto [first, last] : slices) {
         while (first <= last) {
             if (groups_.empty() || groups_.back().rowWidth == mostValues) {
-                const std::size_t before = groups_.empty() ? 0 : groups_.back().firstColumn + groups_.back().places.size();
+                const std::size_t before =
+                    groups_.empty() ? 0 : groups_.back().firstColumn + groups_.back().places.size();
                 groups_.push_back({{}, before, {}, 0});
             }
             first += addSlice(groups_.back(), first, last);
@@ -61,23 +62,19 @@ void ParamsColumns::splitIntoGroups(const Slices& slices)
 /// Adds as much of a slice as the group has room for, and returns how many values that are.
 int ParamsColumns::addSlice(Group& group, int first, int last)
 {
-    int from = first;
-    if (!group.slices.empty()) {
-        const int behind = group.slices.back().second + 1;
-        const bool isNear = first - behind <= widestGap && group.rowWidth + static_cast<std::size_t>(first - behind) < mostValues;
-        if (isNear)
-            from = behind;
-    }
     const int room = static_cast<int>(mostValues - group.rowWidth);
-    const int end = std::min(last + 1, from + room);
-    if (from == first)
-        group.slices.emplace_back(first, end - 1);
+    const int gap = group.slices.empty() ? 0 : first - group.slices.back().second - 1;
+    const bool joins = !group.slices.empty() && gap <= widestGap && gap < room;
+    const int skipped = joins ? gap : 0;
+    const int count = std::min(last - first + 1, room - skipped);
+    if (joins)
+        group.slices.back().second = first + count - 1;
     else
-        group.slices.back().second = end - 1;
-    for (int place = first; place < end; ++place)
-        group.places.push_back(group.rowWidth + static_cast<std::size_t>(place - from));
-    group.rowWidth += static_cast<std::size_t>(end - from);
-    return end - first;
+        group.slices.emplace_back(first, first + count - 1);
+    group.rowWidth += static_cast<std::size_t>(skipped);
+    for (int i = 0; i < count; ++i)
+        group.places.push_back(group.rowWidth++);
+    return count;
 }
 
 void ParamsColumns::append(StepIterator from)

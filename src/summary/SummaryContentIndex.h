@@ -15,9 +15,9 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-/// Which report steps and mini steps the summary data files of a case hold, and where their PARAMS stand. Data files are
-/// scanned, or the cache read, at the first question that needs it; so the questions are const, and may throw what a scan
-/// throws. After a failed scan the index is empty, with nothing pending.
+/// Which report steps and mini steps the summary data files of a case hold, and where their PARAMS stand. Data files
+/// are scanned, or the cache read, at the first question that needs it; so the questions are const, and may throw what
+/// a scan throws. After a failed scan the index is empty, with nothing pending.
 class SummaryContentIndex
 {
 public:

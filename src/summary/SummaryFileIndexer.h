@@ -12,8 +12,8 @@ class SummaryFileIndexer
 public:
     explicit SummaryFileIndexer(const std::vector<std::string>& files);
 
-    /// A single unified file is known by its name. Of numbered files every number from 1 to one above the highest counts
-    /// as known, whether it is there or not: kept as it is, since the reader notices a file that isn't there.
+    /// A single unified file is known by its name. Of numbered files every number from 1 to one above the highest
+    /// counts as known, whether it is there or not: kept as it is, since the reader notices a file that isn't there.
     bool isKnown(const std::string& name) const;
 
 private:

@@ -29,7 +29,8 @@ public:
     SummaryScan(SummaryReportSteps& reportSteps, int& numVectors) : reportSteps_(reportSteps), numVectors_(numVectors)
     {}
 
-    /// False if the sequence numbers fall: what follows is left from an older run, and nothing behind that point counts.
+    /// False if the sequence numbers fall: what follows is left from an older run, and nothing behind that point
+    /// counts.
     bool scan(const Service::FileName& file);
 
     /// Whether one of the files was cut off.

@@ -184,15 +184,14 @@ std::string joinMeasurement(const std::string* chunks, std::size_t count)
     return text;
 }
 
-/// Takes the texts away: with the measurements they are the larger part of the file.
-void fillUnits(std::vector<std::string> texts, InternedTexts& units)
+void fillUnits(const std::vector<std::string>& texts, InternedTexts& units)
 {
     InternedTexts::Filler filler(units, texts.size());
     for (const std::string& text : texts)
         filler.append(text);
 }
 
-void fillMeasurements(std::vector<std::string> chunks, std::size_t vectors, InternedTexts& measurements)
+void fillMeasurements(const std::vector<std::string>& chunks, std::size_t vectors, InternedTexts& measurements)
 {
     if (chunks.empty())
         return;
@@ -255,8 +254,10 @@ SummarySpecDataImpl readSummarySpecFile(const std::string& path)
 
     checkCounts(arrays);
     description.restart = joinRestart(arrays.restart);
-    fillUnits(std::move(arrays.units), spec.units);
-    fillMeasurements(std::move(arrays.measurements), arrays.keywords.size(), spec.measurements);
+    fillUnits(arrays.units, spec.units);
+    fillMeasurements(arrays.measurements, arrays.keywords.size(), spec.measurements);
+    // They are the larger part of the file, and not needed any more.
+    arrays.units = arrays.measurements = std::vector<std::string>();
     spec.setVectors(makeVectors(arrays));
     spec.runs = findRuns(arrays.keywords);
     description.checksum = crc32OfFile(path);

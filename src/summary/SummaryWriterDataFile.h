@@ -31,8 +31,8 @@ public:
 
     /// Appends a record to the file of that report step, which is opened if need be.
     /// throws   std::invalid_argument if files of an earlier run stand there and may not be overwritten;
-    ///          std::runtime_error if the file can't be opened or the record can't be written. The file ends with its last
-    ///          whole record then.
+    ///          std::runtime_error if the file can't be opened or the record can't be written. The file ends with its
+    ///          last whole record then.
     void append(int reportStep, int miniStep, const std::vector<float>& values);
 
     /// Does nothing if no file is open.

@@ -17,7 +17,7 @@ namespace {
 Service::FileName checkedSpecFile(const SummaryWriterSetup& setup, const Service::Directory& directory)
 {
     const std::string extension = extensions::ofNewFile(extensions::summarySpec, setup.formatted);
-    const Service::FileName file = outputFile(directory, setup.rootName, extension, setup.params.swapExtensionCase);
+    Service::FileName file = outputFile(directory, setup.rootName, extension, setup.params.swapExtensionCase);
     if (!setup.params.overwriteSpec && file.FileExists())
         throw std::invalid_argument(fileExistsText(file));
     return file;

@@ -53,8 +53,8 @@ std::size_t longest(const SummaryVectors& vectors, std::string SummaryVectorRow:
     return length;
 }
 
-/// Appends a text as exactly that many pieces of 8 characters: blank ones behind a short text, the rest of a long one is
-/// dropped.
+/// Appends a text as exactly that many pieces of 8 characters: blank ones behind a short text, the rest of a long one
+/// is dropped.
 void appendPieces(const std::string& text, std::size_t count, std::vector<std::string>& pieces)
 {
     std::vector<std::string> own;

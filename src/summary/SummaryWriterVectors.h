@@ -45,8 +45,8 @@ public:
     /// throws   std::invalid_argument, with nothing changed, if the grid is known or its description can't be written
     void add(const std::string& grid, const ISummaryVectorArraySpec& spec);
 
-    /// throws   std::invalid_argument, with nothing changed, if the grid isn't known, the size differs or the description
-    ///          can't be written
+    /// throws   std::invalid_argument, with nothing changed, if the grid isn't known, the size differs or the
+    ///          description can't be written
     void update(const std::string& grid, const ISummaryVectorArraySpec& spec);
 
     /// Null for a grid that wasn't added. Stays good until the end of this object.

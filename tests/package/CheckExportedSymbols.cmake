@@ -3,21 +3,17 @@
 
 cmake_minimum_required(VERSION 3.22)
 
-execute_process(COMMAND "${NM}" --dynamic --defined-only --demangle "${LIBRARY}"
+execute_process(COMMAND "${NM}" --dynamic --defined-only --format=posix "${LIBRARY}"
     OUTPUT_VARIABLE listing COMMAND_ERROR_IS_FATAL ANY)
-string(REPLACE ";" "," listing "${listing}")
 string(REGEX MATCHALL "[^\n]+" lines "${listing}")
 
-set(ours "Kvt::[A-Za-z_]")
-set(about "(typeinfo|typeinfo name|vtable|VTT|guard variable|construction vtable) for ")
-set(thunk "(non-virtual thunk|virtual thunk|covariant return thunk) to ")
+# As the compiler spells them: names, tables and type information, thunks, guards of statics, statics of functions.
+set(kinds "|T[VTISC]|T[hv][n0-9_]+_|Tc[hvn0-9_]+_|GV|GVZ|Z")
 set(faults "")
 set(count 0)
 foreach(line IN LISTS lines)
-    string(REGEX REPLACE "^[0-9a-f]+ . " "" symbol "${line}")
-    # A template's instance is shown with its result type first; the name itself stands before the first parenthesis.
-    string(REGEX REPLACE "\\(.*" "" name "${symbol}")
-    if(symbol MATCHES "^(${about}|${thunk})?${ours}" OR name MATCHES " [*&]*${ours}[^ ]*$")
+    string(REGEX REPLACE " .*" "" symbol "${line}")
+    if(symbol MATCHES "^_Z(${kinds})NK?3Kvt")
         math(EXPR count "${count} + 1")
     else()
         list(APPEND faults "${symbol}")

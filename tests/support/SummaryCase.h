@@ -75,7 +75,7 @@ public:
     std::vector<Line> lines;
 };
 
-/// The specification of a case with the vectors TIME, WOPR of P1 and P2, FOPR, WOPR of P3: so WOPR has two runs.
+/// The spec file of a case with the vectors TIME, WOPR of P1 and P2, FOPR, WOPR of P3: so WOPR has two runs.
 inline KeywordFileBuilder smallSpec(Form form = Form::Binary)
 {
     KeywordFileBuilder spec(form);
