@@ -15,7 +15,6 @@ readonly build_packages=(
     'libboost-filesystem-dev|libboost-filesystem1.74-dev'
     'libboost-system-dev|libboost-system1.74-dev'
     'libboost-regex-dev|libboost-regex1.74-dev'
-    'libboost-date-time-dev|libboost-date-time1.74-dev'
     libxerces-c-dev
 )
 readonly test_packages=(libgtest-dev libgmock-dev)
