@@ -204,6 +204,43 @@ TEST_F(SummaryCache, RefusesReportStepsThatMakeNoSense)
     EXPECT_TRUE(load(files_));
 }
 
+TEST_F(SummaryCache, TellsTheFirstBadReportStepOfAnOtherwiseValidCache)
+{
+    // The first mini step has no number, and the second report step names an unknown file.
+    const std::string steps = "<number>0([\\s\\S]*<fileName>)CASE.S0002";
+    const std::string bad = "<number>x$1CASE.S0009";
+    edit(steps, bad);
+    EXPECT_EQ(loadFailure(), "SummaryContentIndexCache::addMiniStep: mini step number not specified");
+    EXPECT_TRUE(case_.hasCache());
+    edit("<version>1([\\s\\S]*)" + steps, "<version>2$1<number>x$2CASE.S0009");
+    EXPECT_FALSE(load(files_));
+    edit("<length>([\\s\\S]*)" + steps, "<length>1$1<number>x$2CASE.S0009");
+    EXPECT_FALSE(load(files_));
+    EXPECT_TRUE(case_.hasCache());
+    edit(steps + "([\\s\\S]*)</summaryContentIndex>", bad + "$2</index>");
+    EXPECT_FALSE(load(files_));
+    EXPECT_FALSE(case_.hasCache());
+    EXPECT_TRUE(isUntouched());
+}
+
+TEST_F(SummaryCache, TakesReportStepsOfTheFirstContentIndexOnly)
+{
+    const std::string end = "</summaryContentIndex>";
+    const std::string bad = "<contentIndex><reportStep/></contentIndex>";
+    edit(end, "<contentIndex><reportStep><fileName>CASE.S0001</fileName></reportStep></contentIndex>" + bad + end);
+    ASSERT_TRUE(load(files_));
+    EXPECT_EQ(reportSteps_.size(), 2u);
+    edit("<contentIndex>", "<contentIndex/><contentIndex>");
+    ASSERT_TRUE(load(files_));
+    EXPECT_EQ(reportSteps_.size(), 0u);
+    edit("<contentIndex>", "<contentIndex/>" + bad + "<contentIndex>");
+    ASSERT_TRUE(load(files_));
+    EXPECT_EQ(reportSteps_.size(), 0u);
+    edit("<files>", bad + "<files>");
+    EXPECT_FALSE(load(files_));
+    EXPECT_TRUE(isUntouched());
+}
+
 TEST_F(SummaryCache, ABrokenOneDoesNotCloseTheCase)
 {
     edit("<number>", "<number>x");

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <limits>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -24,11 +25,11 @@ constexpr const char* uri = "http://kvt.example/Mrl/MrlIO/Test";
 class Xml : public ::testing::Test
 {
 protected:
-    bool parse(const std::string& bytes)
+    bool parse(const std::string& bytes, const PassingElements& passing = {})
     {
         MrlIOTest::writeBytes(file_, bytes);
         errors_.reset();
-        return document_.parse(file_, errors_);
+        return document_.parse(file_, errors_, passing);
     }
 
     TempDir directory_;
@@ -167,6 +168,67 @@ TEST_F(Xml, CursorWalksElementsOnly)
     const XmlElement none = root.child("zzz");
     EXPECT_EQ(std::string(none.name()) + std::string(none.child("a").next().text()), "");
     none.forEachDescendant("a", [](XmlElement) { ADD_FAILURE(); });
+}
+
+TEST_F(Xml, PassingElementsAreSeenWholeAndLeaveNoTrace)
+{
+    std::vector<std::string> seen;
+    std::vector<XmlElement> parents;
+    const PassingElements passing{
+        {"list", "item"}, [&](XmlElement parent, XmlElement item) {
+            EXPECT_EQ(parent.name(), "list");
+            EXPECT_FALSE(item.next());
+            parents.push_back(parent);
+            seen.push_back(std::string(item.attribute("k")) + ":" + std::string(item.text()));
+            item.forEachDescendant("item", [&](XmlElement inner) { seen.back() += "+" + std::string(inner.text()); });
+        }};
+    ASSERT_TRUE(
+        parse("<r><item>r</item><list a='1'><item k='2'>x<b c='3'><item>y</item></b></item>\n<other d='4'>o<item>"
+              "p</item></other>\n<item/>\n<other e='5'/><item>z</item></list><list f='6'/><list><item/></list>"
+              "<a><list><item>deep</item></list></a></r>",
+              passing));
+    EXPECT_EQ(seen, (std::vector<std::string>{"2:x+y", ":", ":z", ":"}));
+    EXPECT_TRUE(parents[0] == parents[2] && parents[2] != parents[3]);
+
+    const XmlElement list = document_.root().child("list");
+    EXPECT_EQ(list, parents[0]);
+    EXPECT_EQ(document_.root().firstChild().text(), "r");
+    EXPECT_EQ(list.attribute("a"), "1");
+    EXPECT_EQ(list.text(), "");
+    const XmlElement other = list.firstChild();
+    EXPECT_EQ(std::string(other.attribute("d")) + std::string(other.text()), "4o");
+    EXPECT_EQ(other.firstChild().text(), "p");
+    EXPECT_EQ(other.next().attribute("e"), "5");
+    EXPECT_FALSE(other.next().next());
+    EXPECT_EQ(list.next().attribute("f"), "6");
+    EXPECT_FALSE(list.next().next().firstChild());
+    EXPECT_EQ(document_.root().child("a").firstChild().child("item").text(), "deep");
+}
+
+TEST_F(Xml, PassingElementsDoNotPileUp)
+{
+    constexpr std::size_t count = 20000;
+    std::string text = "<r><list>";
+    for (std::size_t i = 0; i < count; ++i)
+        text += "<item k='0123456789'>01234567890123456789</item>";
+    std::size_t calls = 0;
+    std::set<const char*> places;
+    EXPECT_TRUE(parse(text + "</list></r>", {{"list", "item"}, [&](XmlElement, XmlElement item) {
+                                                 ++calls;
+                                                 places.insert(item.text().data());
+                                             }}));
+    EXPECT_EQ(calls, count);
+    EXPECT_LT(places.size(), 10u) << "each text should stand where the one before it stood";
+}
+
+TEST_F(Xml, ADocumentIsBrokenIfItsEndIsOrAPassingElementIsRefused)
+{
+    int calls = 0;
+    EXPECT_FALSE(parse("<r><item/><item/></s>", {{"item"}, [&](XmlElement, XmlElement) { ++calls; }}));
+    EXPECT_EQ(calls, 2);
+    EXPECT_FALSE(document_.root());
+    EXPECT_FALSE(parse("<r><item/></r>", {{"item"}, [](XmlElement, XmlElement) { throw std::runtime_error("no"); }}));
+    EXPECT_EQ(errors_.getLastFatalError(), "no");
 }
 
 TEST_F(Xml, IntegersAreWholeTexts)

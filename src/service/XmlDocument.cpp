@@ -84,11 +84,11 @@ std::string textOf(const XMLCh* message)
 }
 
 /// Runs the parser; whatever it throws becomes a fatal error.
-bool parseInto(XmlTree& tree, const PositionalFile& file, ParserErrorHandler& errors)
+bool parseInto(XmlTree& tree, const PassingElements& passing, const PositionalFile& file, ParserErrorHandler& errors)
 {
     try {
         Initialise::Init();
-        XmlTreeBuilder builder(tree, errors);
+        XmlTreeBuilder builder(tree, passing, errors);
         createParser(builder)->parse(FileSource(file));
         return !builder.sawErrors();
     } catch (const xercesc::OutOfMemoryException&) {
@@ -105,7 +105,7 @@ bool parseInto(XmlTree& tree, const PositionalFile& file, ParserErrorHandler& er
 
 } // namespace
 
-bool XmlDocument::parse(const std::string& fileName, ParserErrorHandler& errors)
+bool XmlDocument::parse(const std::string& fileName, ParserErrorHandler& errors, const PassingElements& passing)
 {
     tree_ = XmlTree();
     PositionalFile file;
@@ -113,7 +113,7 @@ bool XmlDocument::parse(const std::string& fileName, ParserErrorHandler& errors)
         errors.addFatalError("cannot open " + fileName + ": " + std::generic_category().message(errno));
         return false;
     }
-    if (parseInto(tree_, file, errors))
+    if (parseInto(tree_, passing, file, errors))
         return true;
     tree_ = XmlTree();
     return false;

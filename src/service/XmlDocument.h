@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -58,7 +59,7 @@ bool parseInteger(std::string_view text, Integer& number)
 }
 
 /// A place in a document: an element, or none. A light value, good as long as the document. Asking no element gives
-/// empty texts and no elements.
+/// empty texts and no elements. Equal if they are the same place.
 class XmlElement
 {
 public:
@@ -66,6 +67,8 @@ public:
 
     /// False for no element: what comes behind the last sibling, a child that isn't there.
     explicit operator bool() const { return tree_ != nullptr; }
+
+    bool operator==(const XmlElement&) const = default;
 
     std::string_view name() const;
 
@@ -105,6 +108,7 @@ public:
 
 private:
     friend class XmlDocument;
+    friend class XmlTreeBuilder;
 
     XmlElement(const XmlTree& tree, std::uint32_t index) : tree_(&tree), index_(index) {}
 
@@ -112,6 +116,19 @@ private:
 
     const XmlTree* tree_ = nullptr;
     std::uint32_t index_ = 0;
+};
+
+/// Elements that a document hands out as soon as each of them has ended, and then forgets: however many there are, they
+/// take the memory of the largest.
+struct PassingElements
+{
+    /// What they and the elements around them are called, from the child of the document element inwards.
+    std::vector<std::string_view> path;
+
+    /// Called in document order, also where the document turns out later not to be well-formed. The element is good
+    /// for the call alone. Its parent hasn't ended yet, so all to be asked of it is the name and whether it is the same
+    /// as another. What is thrown here makes the document count as broken.
+    std::function<void(XmlElement parent, XmlElement element)> visit;
 };
 
 /// An XML file in memory, as a tree of elements with their texts. Namespaces are not processed: names are what stands
@@ -122,8 +139,10 @@ class XmlDocument
 public:
     /// Reads a file. Returns false, with the reasons in `errors` and the document empty, if it can't be read or isn't
     /// well-formed.
-    /// cost  one pass; the memory is in proportion to the file, whatever stands in it
-    bool parse(const std::string& fileName, ParserErrorHandler& errors);
+    /// passing  not kept in the document, with the text in front of them in their parent
+    /// cost     one pass; the memory is in proportion to what is kept, the largest passing element and the number of
+    ///          different names
+    bool parse(const std::string& fileName, ParserErrorHandler& errors, const PassingElements& passing = {});
 
     /// The document element; none if nothing was parsed.
     XmlElement root() const;

@@ -48,6 +48,7 @@ std::string describe(const xercesc::SAXParseException& problem)
 void XmlTreeBuilder::startElement(const XMLCh*, const XMLCh*, const XMLCh* name, const xercesc::Attributes& attributes)
 {
     const std::uint32_t node = checkedIndex(tree_.nodes.size());
+    const std::uint32_t textBegin = checkedIndex(tree_.text.size());
     tree_.nodes.push_back({intern(name), 0, node + 1, 0, 0, checkedIndex(tree_.attributes.size())});
     for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
         const std::uint32_t attributeName = intern(attributes.getQName(i));
@@ -56,24 +57,23 @@ void XmlTreeBuilder::startElement(const XMLCh*, const XMLCh*, const XMLCh* name,
         const std::uint32_t begin = store(scratch_);
         tree_.attributes.push_back({attributeName, begin, static_cast<std::uint32_t>(scratch_.size())});
     }
-    if (depth_ > 0) {
-        OpenElement& parent = opened_[depth_ - 1];
-        if (parent.lastChild != 0)
-            tree_.nodes[parent.lastChild].next = node;
-        parent.lastChild = node;
-    }
-    open(node);
+    open(node, textBegin);
 }
 
 void XmlTreeBuilder::endElement(const XMLCh*, const XMLCh*, const XMLCh*)
 {
     const OpenElement& element = opened_[--depth_];
-    XmlTree::Node& node = tree_.nodes[element.node];
-    node.end = checkedIndex(tree_.nodes.size());
-    if (element.lastChild != 0 && isWhiteSpace(element.text))
+    close(element);
+    if (depth_ == 0)
         return;
-    node.textBegin = store(element.text);
-    node.textLength = static_cast<std::uint32_t>(element.text.size());
+    if (isPassing()) {
+        handOut(element);
+        return;
+    }
+    OpenElement& parent = opened_[depth_ - 1];
+    if (parent.lastChild != 0)
+        tree_.nodes[parent.lastChild].next = element.node;
+    parent.lastChild = element.node;
 }
 
 void XmlTreeBuilder::characters(const XMLCh* text, XMLSize_t length)
@@ -94,7 +94,7 @@ void XmlTreeBuilder::fatalError(const xercesc::SAXParseException& problem)
     errors_.addFatalError(describe(problem));
 }
 
-void XmlTreeBuilder::open(std::uint32_t node)
+void XmlTreeBuilder::open(std::uint32_t node, std::uint32_t textBegin)
 {
     if (depth_ == largestDepth)
         throw xercesc::SAXException("the elements are nested too deep");
@@ -103,7 +103,42 @@ void XmlTreeBuilder::open(std::uint32_t node)
     OpenElement& element = opened_[depth_++];
     element.node = node;
     element.lastChild = 0;
+    element.textBegin = textBegin;
     element.text.clear();
+}
+
+void XmlTreeBuilder::close(const OpenElement& element)
+{
+    XmlTree::Node& node = tree_.nodes[element.node];
+    node.end = checkedIndex(tree_.nodes.size());
+    if (element.lastChild != 0 && isWhiteSpace(element.text))
+        return;
+    node.textBegin = store(element.text);
+    node.textLength = static_cast<std::uint32_t>(element.text.size());
+}
+
+/// About the element at depth_, which has just ended. Its own name differs first, so it is compared first.
+bool XmlTreeBuilder::isPassing() const
+{
+    if (depth_ != passing_.path.size())
+        return false;
+    for (std::size_t depth = depth_; depth > 0; --depth) {
+        if (tree_.names[tree_.nodes[opened_[depth].node].name] != passing_.path[depth - 1])
+            return false;
+    }
+    return true;
+}
+
+/// Afterwards the tree is as if the element had never been there: no sibling refers to it yet, and its nodes,
+/// attributes and texts are the last ones. The white space in front of it would pile up in the parent's text.
+void XmlTreeBuilder::handOut(const OpenElement& element)
+{
+    OpenElement& parent = opened_[depth_ - 1];
+    passing_.visit(XmlElement(tree_, parent.node), XmlElement(tree_, element.node));
+    tree_.attributes.resize(tree_.nodes[element.node].attributeBegin);
+    tree_.nodes.resize(element.node);
+    tree_.text.resize(element.textBegin);
+    parent.text.clear();
 }
 
 std::uint32_t XmlTreeBuilder::intern(const XMLCh* name)

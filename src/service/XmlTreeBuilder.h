@@ -13,13 +13,17 @@
 
 namespace Kvt::Mrl::Core::Service::XML {
 
-/// Listens to the parser and builds the tree of a document.
+/// Listens to the parser and builds the tree of a document, without the elements that only pass.
 ///
 /// Throws xercesc::SAXException at elements that are nested too deep and at documents too large for the tree's indices.
 class XmlTreeBuilder final : public xercesc::DefaultHandler
 {
 public:
-    XmlTreeBuilder(XmlTree& tree, ParserErrorHandler& errors) : tree_(tree), errors_(errors) {}
+    XmlTreeBuilder(XmlTree& tree, const PassingElements& passing, ParserErrorHandler& errors)
+        : tree_(tree),
+          passing_(passing),
+          errors_(errors)
+    {}
 
     bool sawErrors() const { return sawErrors_; }
 
@@ -36,7 +40,8 @@ private:
     struct OpenElement
     {
         std::uint32_t node = 0;
-        std::uint32_t lastChild = 0; // 0 if there is none yet
+        std::uint32_t lastChild = 0; // among those that have ended and stay; 0 if there is none yet
+        std::uint32_t textBegin = 0; // where the texts of the element and its descendants begin in the tree
         std::string text;
     };
 
@@ -48,11 +53,15 @@ private:
         std::size_t operator()(std::u16string_view name) const { return std::hash<std::u16string_view>()(name); }
     };
 
-    void open(std::uint32_t node);
+    void open(std::uint32_t node, std::uint32_t textBegin);
+    void close(const OpenElement& element);
+    bool isPassing() const;
+    void handOut(const OpenElement& element);
     std::uint32_t intern(const XMLCh* name);
     std::uint32_t store(const std::string& text);
 
     XmlTree& tree_;
+    const PassingElements& passing_;
     ParserErrorHandler& errors_;
     bool sawErrors_ = false;
     std::unordered_map<std::u16string, std::uint32_t, NameHash, std::equal_to<>> nameIndex_;

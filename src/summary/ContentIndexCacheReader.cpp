@@ -54,6 +54,12 @@ ContentIndexCacheReader::ContentIndexCacheReader(const std::string& directory, c
         expectedFiles_.insert(Service::FileName(file).GetFileName());
 }
 
+Service::XML::PassingElements ContentIndexCacheReader::passingReportSteps()
+{
+    return {{CacheNames::contentIndex, CacheNames::reportStep},
+            [this](Element contentIndex, Element reportStep) { meetReportStep(contentIndex, reportStep); }};
+}
+
 bool ContentIndexCacheReader::read(Element document)
 {
     Element element = document.firstChild();
@@ -69,10 +75,12 @@ bool ContentIndexCacheReader::read(Element document)
     element = element.next();
     if (element.name() != CacheNames::contentIndex)
         return false;
-    for (Element child = element.firstChild(); child; child = child.next()) {
-        if (child.name() == CacheNames::reportStep)
-            addReportStep(child);
+    if (element != contentIndex_) {
+        reportSteps_.clear(); // of some other element
+        return true;
     }
+    if (failure_)
+        std::rethrow_exception(failure_);
     return true;
 }
 
@@ -97,6 +105,20 @@ bool ContentIndexCacheReader::validateFile(Element file)
     dataFile.SetDirectory(directory_);
     FileStamp present;
     return dataFile.IsFile() && FileStamp::read(dataFile, present) && present == stored;
+}
+
+/// A failure has to wait: it counts only in a document that is well-formed to its end and a valid cache otherwise.
+void ContentIndexCacheReader::meetReportStep(Element contentIndex, Element element)
+{
+    if (!contentIndex_)
+        contentIndex_ = contentIndex;
+    if (failure_ || contentIndex != contentIndex_)
+        return;
+    try {
+        addReportStep(element);
+    } catch (...) {
+        failure_ = std::current_exception();
+    }
 }
 
 void ContentIndexCacheReader::addReportStep(Element element)

@@ -22,12 +22,12 @@ void warn(const std::string& text)
     Service::Log::SendLogMessage(text.c_str(), Service::SeverityWarning);
 }
 
-bool parse(const Service::FileName& cache, Service::XML::XmlDocument& document,
-           Service::XML::ParserErrorHandler& errors)
+bool parse(const Service::FileName& cache, const Service::XML::PassingElements& passing,
+           Service::XML::XmlDocument& document, Service::XML::ParserErrorHandler& errors)
 {
     try {
         Service::XML::Initialise::Init();
-        return document.parse(cache.GetFullName(), errors) && !errors.getSawErrors();
+        return document.parse(cache.GetFullName(), errors, passing) && !errors.getSawErrors();
     } catch (const std::exception& failure) {
         errors.addFatalError(failure.what());
         return false;
@@ -69,11 +69,11 @@ bool SummaryContentIndexCache::load(const Service::FileName& cache, const std::v
         return false;
     Service::XML::XmlDocument document;
     Service::XML::ParserErrorHandler errors;
-    if (!parse(cache, document, errors)) {
+    ContentIndexCacheReader reader(cache.GetDirectory(), files);
+    if (!parse(cache, reader.passingReportSteps(), document, errors)) {
         removeBroken(cache, errors);
         return false;
     }
-    ContentIndexCacheReader reader(cache.GetDirectory(), files);
     if (!reader.read(document.root()))
         return false;
     numVectors = reader.numVectors();
