@@ -9,7 +9,7 @@ namespace Kvt::Mrl::Core::Service {
 class MRLIO_EXPORT HourMinuteSecondMillisecond
 {
 public:
-    /// Midnight: all parts 0.
+    /// Midnight: all four numbers 0.
     HourMinuteSecondMillisecond() = default;
 
     /// hour                0 to 23
