@@ -5,12 +5,14 @@
 
 #include <mrlio/MrlIO.h>
 
+#include <malloc.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace {
@@ -31,8 +33,9 @@ double status(const std::string& name)
     return 0.0;
 }
 
-/// Runs a read that gives the bytes of its result, and prints what it took beyond that.
-void measure(const char* title, const std::function<double()>& read)
+/// Runs a read that gives the bytes of its result, and prints what it took beyond that. The read is warmed up first, since
+/// the pages of code that it touches are not its memory.
+void measure(const char* title, const std::function<void()>& warmUp, const std::function<double()>& read)
 {
     std::fflush(stdout);
     const pid_t child = ::fork();
@@ -40,14 +43,37 @@ void measure(const char* title, const std::function<double()>& read)
         ::waitpid(child, nullptr, 0);
         return;
     }
+    warmUp();
+    ::malloc_trim(0);
     std::ofstream("/proc/self/clear_refs") << 5;
     const double before = status("VmRSS");
     const double result = read();
     const double peak = status("VmHWM") - before;
-    std::printf("peak   %-44s result %8.2f MiB, beyond it %6.2f MiB, wanted at most 2\n", title, result / mebibyte,
+    std::printf("peak   %-52s result %8.2f MiB, beyond it %6.2f MiB, wanted at most 2\n", title, result / mebibyte,
                 (peak - result) / mebibyte);
     std::fflush(stdout);
     std::_Exit(0);
+}
+
+void measure(const char* title, const std::function<double()>& read)
+{
+    measure(
+        title, [&] { read(); }, read);
+}
+
+double heapInUse()
+{
+    const auto heap = ::mallinfo2();
+    return static_cast<double>(heap.uordblks + heap.hblkhd);
+}
+
+/// Makes an object and gives the memory that it keeps.
+template <class Make>
+double keptBy(const Make& make)
+{
+    const double before = heapInUse();
+    const auto object = make();
+    return heapInUse() - before;
 }
 
 std::string realFile(bool formatted)
@@ -79,42 +105,129 @@ double walk(const std::string& path)
     return 0.0;
 }
 
-} // namespace
+constexpr int fewVectors = 20, manyVectors = 300'000;
+constexpr int manySteps = 100'000;
 
-int main()
+class Spec : public ISummaryVectorArraySpec
 {
-    // Reading touches the code and the heap for the first time; that is not the reading's memory.
-    const std::string small = folder().file("SMALL");
-    {
-        HandWriter writer(small);
-        writer.header("SMALL", 10, "REAL");
-        writer.reals(someValues(10).data(), 10);
-    }
-    readArray(small, false, -1, -1);
+public:
+    explicit Spec(int size) : size_(size) {}
 
+    int size() const override { return size_; }
+
+    std::string keyword(int) const override { return "BPR"; }
+
+    std::string name(int) const override { return {}; }
+
+    int num(int n) const override { return n + 1; }
+
+    std::string units(int) const override { return "BARSA"; }
+
+    bool hasMeasurements() const override { return false; }
+
+    std::string measurement(int) const override { return {}; }
+
+    const ISummaryVectorPositions* positions() const override { return nullptr; }
+
+private:
+    int size_;
+};
+
+class Values : public ISummaryVectorArray
+{
+public:
+    explicit Values(int size) : size_(size) {}
+
+    int size() const override { return size_; }
+
+    float value(int n) const override { return static_cast<float>(n); }
+
+private:
+    int size_;
+};
+
+void writeCase(const std::string& name, int vectors, int steps, int stepsAReport)
+{
+    MrlWriterDefaultParams params{};
+    params.unified = true;
+    const GridSpec grid(1, 1, 1, UnitSystemType::METRIC, static_cast<GridSpec::GridType>(0));
+    SummaryWriter writer(folder().path(), name, grid, Service::YearMonthDay(2026, 1, 1), false, params, false);
+    writer.addArraySpec(Spec(vectors));
+    for (int step = 0; step < steps; ++step) {
+        if (step > 0 && step % stepsAReport == 0) {
+            writer.close();
+            writer.openAtNextReportStep(static_cast<float>(step));
+        } else if (step > 0) {
+            writer.nextMiniStep(static_cast<float>(step), false);
+        }
+        writer.writeArray(Values(vectors));
+    }
+    writer.close();
+}
+
+std::shared_ptr<SummarySpecData> specOf(const std::string& name)
+{
+    return std::make_shared<SummarySpecData>(folder().file(name + ".SMSPEC"));
+}
+
+std::unique_ptr<SimpleSummaryReader> open(const std::string& name, ISummaryReader::ContentCacheBehaviour behaviour)
+{
+    return SimpleSummaryReader::create(specOf(name), {folder().file(name + ".UNSMRY")}, folder().path(), name,
+                                       behaviour);
+}
+
+void measureArrays()
+{
     const std::string binary = realFile(false), text = realFile(true);
     measure("whole array, unformatted", [&] { return readArray(binary, false, -1, -1); });
     measure("slice of 1,000, unformatted", [&] { return readArray(binary, false, 9'000'000, 9'000'999); });
     measure("whole array, formatted", [&] { return readArray(text, true, -1, -1); });
     measure("slice of 1,000, formatted", [&] { return readArray(text, true, 1'000'000, 1'000'999); });
+}
 
+void measureVectors()
+{
     const SummaryCase& large = summaryCase();
     measure("walk over headers", [&] { return walk(large.dataFile); });
-    const auto spec = std::make_shared<SummarySpecData>(large.specFile);
-    const auto make = [&] {
-        return SimpleSummaryReader::create(spec, {large.dataFile}, large.directory, large.name,
-                                           ISummaryReader::NoCache);
+    const auto reader = open(large.name, ISummaryReader::NoCache), other = open(large.name, ISummaryReader::NoCache);
+    const SummaryVectorIDParams single("FOPR", "", SummaryCase::singlePlace + 1, "", -1, -1, -1);
+    const SummaryVectorIDParams well("WOPR", "W1", SummaryCase::wellPlace + 1, "", -1, -1, -1);
+    constexpr double bytes = sizeof(float) * static_cast<double>(SummaryCase::miniSteps);
+    const auto get = [](const SimpleSummaryReader& from, const SummaryVectorIDParams& id, double result) {
+        return from.getValues(id) ? result : 0.0;
     };
-    const auto reader = make();
-    measure("one vector over 100,000 mini steps", [&] {
-        const auto values =
-            reader->getValues(SummaryVectorIDParams("FOPR", "", SummaryCase::singlePlace + 1, "", -1, -1, -1));
-        return static_cast<double>(values->size() * sizeof(float));
-    });
-    measure("16 wells' vectors over 100,000 mini steps", [&] {
-        const auto values =
-            reader->getValues(SummaryVectorIDParams("WOPR", "W1", SummaryCase::wellPlace + 1, "", -1, -1, -1));
-        return static_cast<double>(SummaryCase::wells * values->size() * sizeof(float));
-    });
+    measure(
+        "one vector over 100,000 mini steps", [&] { get(*other, single, 0.0); },
+        [&] { return get(*reader, single, bytes); });
+    measure(
+        "16 wells' vectors over 100,000 mini steps", [&] { get(*other, well, 0.0); },
+        [&] { return get(*reader, well, SummaryCase::wells * bytes); });
+}
+
+void measureOpening()
+{
+    writeCase("SPEC", manyVectors, 1, 1);
+    writeCase("MANY", fewVectors, manySteps, 100);
+    writeCase("ONE", fewVectors, manySteps, manySteps);
+    measure("spec file of 2,000 vectors", [] { return keptBy([] { return specOf(summaryCase().name); }); });
+    measure("spec file of 300,000 vectors", [] { return keptBy([] { return specOf("SPEC"); }); });
+    for (const char* name : {"MANY", "ONE"}) {
+        const std::string steps =
+            std::string("100,000 mini steps in ") + (*name == 'M' ? "1,000 reports" : "one report");
+        measure((steps + ", by scan").c_str(),
+                [&] { return keptBy([&] { return open(name, ISummaryReader::NoCache); }); });
+        open(name, ISummaryReader::WriteCache);
+        measure((steps + ", by cache").c_str(),
+                [&] { return keptBy([&] { return open(name, ISummaryReader::ReadCache); }); });
+    }
+}
+
+} // namespace
+
+int main()
+{
+    measureArrays();
+    measureVectors();
+    measureOpening();
     return 0;
 }

@@ -11,7 +11,7 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-/// One vector as the spec file describes it.
+/// One vector: its columns in the arrays of SMSPEC.
 struct SummaryVectorRow
 {
     std::string keyword;
