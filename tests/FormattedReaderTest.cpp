@@ -416,6 +416,22 @@ TEST_F(FormattedReaderTest, aWalkGoesOnInAGrowingFile)
     EXPECT_FALSE(reader.readNextKeywordHeader(h));
 }
 
+/// The single steps of the walk, with the same header in hand all along, as a caller that waits for the second half does.
+TEST_F(FormattedReaderTest, aHalfOfADoubleHeaderIsMetAgain)
+{
+    open(header("C", -1, "X231"));
+    KeywordHeader h;
+    ASSERT_TRUE(reader.readNextSingleKeywordHeader(h));
+    EXPECT_FALSE(reader.readNextSingleKeywordHeader(h));
+    ASSERT_TRUE(reader.readNextSingleKeywordHeader(h));
+    EXPECT_EQ(h.valueType(), ValueType::X231);
+    EXPECT_EQ(h.size(), 1);
+    append(header("C", 3, "INTE"));
+    ASSERT_TRUE(reader.readNextSingleKeywordHeader(h));
+    EXPECT_EQ(h.size(), 2147483651);
+    EXPECT_EQ(h.keywordLargePos(), 0);
+}
+
 TEST_F(FormattedReaderTest, aHostileCountAllocatesNothing)
 {
     for (const char* type : {"REAL", "DOUB", "INTE", "LOGI", "CHAR"}) {
