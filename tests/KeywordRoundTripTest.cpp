@@ -74,5 +74,13 @@ TEST(KeywordRoundTrip, EveryKindInBothFormsAtTheEdgesOfBlocks)
         expectReadsBack(names);
         expectReadsBack(words);
         expectReadsBack(indexes);
+
+        // Records of the other type's class, as a reader makes them of what it finds.
+        KeywordCHAR longNames(KeywordHeader("LONG", -1, ValueTypeInfo(ValueType::C0nn, 30), std::int64_t{0}));
+        KeywordTmpl<6> shortNames(KeywordHeader("SHORT", -1, ValueType::CHAR, std::int64_t{0}));
+        longNames.array() = words.array();
+        shortNames.array() = names.array();
+        expectReadsBack(longNames);
+        expectReadsBack(shortNames);
     }
 }

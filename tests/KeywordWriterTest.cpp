@@ -81,6 +81,22 @@ TEST(KeywordWriter, OneWidthGovernsWords)
                                                          " 'C                       '\n");
 }
 
+TEST(KeywordWriter, StringsGoByTheTypeOfTheirHeader)
+{
+    const KeywordTmpl<6> twelve = words(12, {"A LOCAL GRID", "B"});
+    KeywordCHAR read(twelve);
+    KeywordTmpl<5> note(twelve);
+    KeywordTmpl<6> eights(KeywordHeader("NAMES", 2, ValueType::CHAR, std::int64_t{0}));
+    read.array() = note.array() = eights.array() = twelve.array();
+    for (const bool formatted : {false, true}) {
+        EXPECT_EQ(written(read, formatted), written(twelve, formatted));
+        EXPECT_EQ(written(note, formatted), written(twelve, formatted));
+        EXPECT_EQ(written(eights, formatted), written(KeywordCHAR("NAMES", twelve.array()), formatted));
+    }
+    read.valueTypeInfo(ValueTypeInfo(ValueType::C0nn, 0));
+    EXPECT_THROW(written(read, false), std::invalid_argument);
+}
+
 TEST(KeywordWriter, RefusesNamesBeforeWriting)
 {
     EXPECT_NO_THROW(KeywordWriter::validateKeywordName("EIGHTCHR"));

@@ -17,7 +17,8 @@ namespace Kvt::Mrl::MrlIO {
 /// sections. The forms are those of MorvaneBinaryWriter and MorvaneAsciiWriter, strict mode included, with a stricter
 /// rule for names, and C0nn governed by the keyword's intData alone: it is the width of the unformatted elements, of
 /// the formatted items (80 / (intData + 3) a line), and of the type text. Longer strings are cut unformatted and
-/// written whole formatted.
+/// written whole formatted. The header's type decides how strings are written, not the record's class: a KeywordCHAR
+/// that was read from a C0nn array goes out as one again.
 ///
 /// The stream must outlive the writer, which holds no buffer: each keyword is handed to the stream before write
 /// returns.

@@ -26,6 +26,8 @@ class KeywordFileOutput;
 /// - C0nn: if the keyword's intData is below 1 it is set, in the caller's keyword, to the length of the longest string.
 ///   A line has 80 / (length of the longest string + 3) items, and each is padded to intData. Longer values are not
 ///   cut, so lines may pass 80 columns.
+/// - A record of strings goes out in the type that its header has. A KeywordCHAR of type C0nn, as readers make it of
+///   such an array, has 80 / (intData + 3) items on a line.
 class MRLIO_EXPORT MorvaneAsciiWriter : public MorvaneWriter
 {
 public:
@@ -44,6 +46,8 @@ public:
     ///        empty strings only, without a width) or above 77
     bool writeKeyword(KeywordTmpl<6>& keyword) override;
     bool writeKeyword(KeywordTmpl<3>& keyword) override;
+
+    /// throws std::invalid_argument, before anything is written, for type C0nn with an intData below 1 or above 77
     bool writeKeyword(KeywordCHAR& keyword) override;
 
     /// throws std::runtime_error in strict mode, see setStrict; the values before the one refused are written

@@ -23,6 +23,8 @@ class KeywordFileOutput;
 ///   (-1 for an empty array). The type text shows intData, but the elements have the length of the longest string: a
 ///   keyword whose intData is larger than its longest string makes a file that readers reject. Give the right width or
 ///   none. An empty array without a width writes a header of type "C0-1".
+/// - A record of strings goes out in the type that its header has. A KeywordCHAR of type C0nn, as readers make it of
+///   such an array, has its intData as the length of its elements.
 class MRLIO_EXPORT MorvaneBinaryWriter : public MorvaneWriter
 {
 public:
@@ -41,6 +43,8 @@ public:
     ///        and no width is given
     bool writeKeyword(KeywordTmpl<6>& keyword) override;
     bool writeKeyword(KeywordTmpl<3>& keyword) override;
+
+    /// throws std::invalid_argument, before anything is written, for type C0nn with an intData below 1 or above 99
     bool writeKeyword(KeywordCHAR& keyword) override;
     bool writeKeyword(KeywordTmpl<1>& keyword) override;
     bool writeKeyword(KeywordTmpl<0>& keyword) override;

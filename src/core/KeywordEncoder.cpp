@@ -18,7 +18,6 @@ namespace Kvt::Mrl::MrlIO {
 namespace {
 
 constexpr int quotedItemExtra = 3; // the blank and the two quotes
-constexpr int longestFormattedString = formattedLineLength - quotedItemExtra;
 
 /// How a formatted array is cut.
 struct ItemLines
@@ -48,6 +47,11 @@ std::string typeText(const ValueTypeInfo& info)
     const std::string width = std::to_string(info.intData());
     text.replace(text.find('n'), std::string::npos, width.size() < 2 ? "0" + width : width);
     return text;
+}
+
+int widestStrings(bool formatted) noexcept
+{
+    return formatted ? formattedLineLength - quotedItemExtra : longestStringElement;
 }
 
 int longestString(const KeywordTmpl<6>& keyword) noexcept
@@ -128,12 +132,30 @@ bool KeywordEncoder::write(const KeywordINTE& keyword)
 
 bool KeywordEncoder::write(const KeywordTmpl<4>& keyword)
 {
-    return writeChars(keyword, keyword.array());
+    return writeText(keyword, keyword.array());
 }
 
 bool KeywordEncoder::write(const KeywordTmpl<5>& keyword)
 {
-    return writeChars(keyword, keyword.array());
+    return writeText(keyword, keyword.array());
+}
+
+bool KeywordEncoder::write(const KeywordTmpl<6>& keyword)
+{
+    return writeText(keyword, keyword.array());
+}
+
+bool KeywordEncoder::write(const KeywordTmpl<6>& keyword, StringWidths widths)
+{
+    return writeStrings(keyword, keyword.array(), widths);
+}
+
+bool KeywordEncoder::writeText(const KeywordHeader& keyword, const std::vector<std::string>& values)
+{
+    if (keyword.valueType() != ValueType::C0nn)
+        return writeChars(keyword, values);
+    const int width = keyword.valueTypeInfo().intData();
+    return writeStrings(keyword, values, {.declared = width, .laidOut = width});
 }
 
 bool KeywordEncoder::writeChars(const KeywordHeader& keyword, const std::vector<std::string>& values)
@@ -144,10 +166,10 @@ bool KeywordEncoder::writeChars(const KeywordHeader& keyword, const std::vector<
         [&](FormattedArrayEncoder& encoder) { return encoder.writeChars(values); });
 }
 
-bool KeywordEncoder::write(const KeywordTmpl<6>& keyword, StringWidths widths)
+bool KeywordEncoder::writeStrings(const KeywordHeader& keyword, const std::vector<std::string>& values,
+                                  StringWidths widths)
 {
     checkWidths(widths);
-    const auto& values = keyword.array();
     return writeKeyword(
         keyword, values.size(), linesOf(widths), [&] { return writeStringRecords(stream_, values, widths.laidOut); },
         [&](FormattedArrayEncoder& encoder) { return encoder.writeStrings(values, widths.declared); });
@@ -157,9 +179,9 @@ void KeywordEncoder::checkWidths(StringWidths widths) const
 {
     if (widths.declared < 1)
         throw std::invalid_argument("Word size for C0nn data type must be > 0");
-    const int longest = formatted_ ? longestFormattedString : longestStringElement;
-    if (std::max(widths.declared, widths.laidOut) > longest)
-        throw std::invalid_argument("Word size for C0nn data type must be <= " + std::to_string(longest));
+    const int widest = widestStrings(formatted_);
+    if (std::max(widths.declared, widths.laidOut) > widest)
+        throw std::invalid_argument("Word size for C0nn data type must be <= " + std::to_string(widest));
 }
 
 } // namespace Kvt::Mrl::MrlIO

@@ -24,6 +24,9 @@ struct StringWidths
     int laidOut;  ///< length of the unformatted elements; decides how many formatted items a line has
 };
 
+/// The greatest width of a C0nn keyword: two digits in the header, or a formatted line.
+int widestStrings(bool formatted) noexcept;
+
 /// Length of the longest string, -1 for none.
 int longestString(const KeywordTmpl<6>& keyword) noexcept;
 
@@ -42,19 +45,24 @@ public:
     bool write(const KeywordTmpl<0>& keyword);
     bool write(const KeywordTmpl<1>& keyword);
     bool write(const KeywordTmpl<3>& keyword);
-    bool write(const KeywordTmpl<4>& keyword);
-    bool write(const KeywordTmpl<5>& keyword);
     bool write(const KeywordINTE& keyword);
 
-    /// The keyword's own width is taken for the type text, which has to be widths.declared.
-    /// throws std::invalid_argument, before anything is written, for widths that the form can't hold
+    /// Strings have the form of the header's type, whichever record holds them: one that was read keeps its file's
+    /// type. A C0nn without widths of its own has the keyword's width for both.
+    /// widths   declared has to be the keyword's own width, which is taken for the type text
+    /// throws   std::invalid_argument, before anything is written, for a C0nn of widths that the form can't hold
+    bool write(const KeywordTmpl<4>& keyword);
+    bool write(const KeywordTmpl<5>& keyword);
+    bool write(const KeywordTmpl<6>& keyword);
     bool write(const KeywordTmpl<6>& keyword, StringWidths widths);
 
 private:
     template <class Lines, class Records, class Items>
     bool writeKeyword(const KeywordHeader& keyword, std::size_t count, Lines lines, Records records, Items items);
     bool writeHeaderRecord(const std::string& name, std::int64_t count, const std::string& type);
+    bool writeText(const KeywordHeader& keyword, const std::vector<std::string>& values);
     bool writeChars(const KeywordHeader& keyword, const std::vector<std::string>& values);
+    bool writeStrings(const KeywordHeader& keyword, const std::vector<std::string>& values, StringWidths widths);
     void checkWidths(StringWidths widths) const;
 
     std::ostream& stream_;

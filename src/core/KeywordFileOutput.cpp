@@ -18,6 +18,8 @@ bool KeywordFileOutput::close()
 
 bool KeywordFileOutput::writeStrings(KeywordTmpl<6>& keyword)
 {
+    if (keyword.valueType() != ValueType::C0nn)
+        return write(keyword);
     const int longest = longestString(keyword);
     ValueTypeInfo info = keyword.valueTypeInfo();
     if (info.intData() < 1) {

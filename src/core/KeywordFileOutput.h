@@ -30,7 +30,8 @@ public:
         return KeywordEncoder(stream_, formatted_).write(keyword);
     }
 
-    /// Stores the length of the longest string as the keyword's width if it has none, and writes with both numbers.
+    /// Stores the length of the longest string as the keyword's width if it has none, and writes with both numbers. A
+    /// record of another type than C0nn is written as it is.
     bool writeStrings(KeywordTmpl<6>& keyword);
 
 private:

@@ -50,8 +50,7 @@ bool KeywordWriter::writeKw(const KeywordTmpl<5>& keyword)
 
 bool KeywordWriter::writeKw(const KeywordTmpl<6>& keyword)
 {
-    const int width = keyword.valueTypeInfo().intData();
-    return KeywordEncoder(stream_, formatted_).write(keyword, {.declared = width, .laidOut = width});
+    return KeywordEncoder(stream_, formatted_).write(keyword);
 }
 
 bool KeywordWriter::writeKw(const KeywordCHAR& keyword)

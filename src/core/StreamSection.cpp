@@ -4,11 +4,17 @@
 #include "service/FileStream.h"
 #include "service/FileUtils.h"
 
+#include <boost/filesystem/operations.hpp>
+#include <boost/filesystem/path.hpp>
+
 #include <chrono>
 #include <cstdint>
 #include <exception>
+#include <mutex>
+#include <set>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 namespace Kvt::Mrl::MrlIO {
 
@@ -25,6 +31,67 @@ Service::FileName temporaryFile(const Service::FileName& target, const std::stri
     return file;
 }
 
+/// One spelling for each file, whether it exists or not.
+std::string uniqueName(const std::string& file)
+{
+    namespace fs = boost::filesystem;
+    boost::system::error_code failure;
+    fs::path path = fs::system_complete(file, failure);
+    if (!failure)
+        path = fs::weakly_canonical(path, failure);
+    return failure ? file : path.string();
+}
+
+/// A file that belongs to one section of the process from its first opening on. The lock on the file can't stand for
+/// that, since sections are closed between two arrays.
+class Reservation
+{
+public:
+    Reservation() = default;
+    Reservation(const Reservation&) = delete;
+    Reservation& operator=(const Reservation&) = delete;
+
+    ~Reservation() { release(); }
+
+    /// False if another section has the file.
+    bool take(const std::string& file)
+    {
+        if (!name_.empty())
+            return true;
+        std::string name = uniqueName(file);
+        const std::lock_guard guard(mutex());
+        if (!names().insert(name).second)
+            return false;
+        name_ = std::move(name);
+        return true;
+    }
+
+    void release()
+    {
+        if (name_.empty())
+            return;
+        const std::lock_guard guard(mutex());
+        names().erase(name_);
+        name_.clear();
+    }
+
+private:
+    // Both live to the end of the process: sections may be static objects.
+    static std::mutex& mutex()
+    {
+        static std::mutex& instance = *new std::mutex;
+        return instance;
+    }
+
+    static std::set<std::string>& names()
+    {
+        static std::set<std::string>& instance = *new std::set<std::string>;
+        return instance;
+    }
+
+    std::string name_;
+};
+
 } // namespace
 
 class StreamSectionImpl
@@ -40,21 +107,30 @@ public:
     void deleteFile();
     std::streambuf* rewind();
 
+    void setBufferSize(int bytes) { bufferSize_ = bytes; }
+
     Service::FileStream& stream() { return stream_; }
 
 private:
     bool tryOpen();
+    bool goToSavedPosition();
+    [[noreturn]] void failOpen(int attempts);
 
     std::string name_;
-    Service::FileStream stream_;
     Service::FileName file_;
+    Reservation reservation_; // in front of the stream, so that it outlives the open file
+    Service::FileStream stream_;
     std::int64_t savedPosition_ = nothingSaved;
+    int bufferSize_ = 0;
 };
 
 bool StreamSectionImpl::tryOpen()
 {
     using Service::FileMode;
+    if (!reservation_.take(file_.GetFullName()))
+        return false;
     const FileMode contents = savedPosition_ == nothingSaved ? FileMode::Create | FileMode::Truncate : FileMode{};
+    stream_.setBufferSize(bufferSize_);
     stream_.open(file_.GetFullName(), FileMode::Read | FileMode::Write | FileMode::Exclusive | contents);
     stream_.setf(std::ios_base::scientific, std::ios_base::floatfield);
     return stream_.good();
@@ -65,18 +141,37 @@ void StreamSectionImpl::open()
     constexpr int mostAttempts = 10;
     constexpr std::chrono::milliseconds firstWait(500);
     int attempts = 0;
-    for (bool clean = tryOpen(); !clean && attempts < mostAttempts;) {
+    bool clean = tryOpen();
+    while (!clean && attempts < mostAttempts) {
         ++attempts;
         clean = tryOpen();
         if (!clean)
             waitForRetry(attempts * firstWait);
     }
-    if (stream_.good() && savedPosition_ != nothingSaved)
-        stream_.seekp(savedPosition_);
-    if (!stream_.good())
-        throw std::runtime_error("Problem encountered opening file on StreamSection : " + name_ +
-                                 " - Failed to open file after " + std::to_string(attempts) +
-                                 " attempts : " + file_.GetFullName());
+    if (!clean || !goToSavedPosition())
+        failOpen(attempts);
+}
+
+/// A shorter file isn't what this section wrote, and going on behind its end would leave a gap of zeros.
+bool StreamSectionImpl::goToSavedPosition()
+{
+    if (savedPosition_ == nothingSaved)
+        return true;
+    stream_.seekp(0, std::ios_base::end);
+    if (stream_.tellp() < savedPosition_)
+        return false;
+    stream_.seekp(savedPosition_);
+    return stream_.good();
+}
+
+void StreamSectionImpl::failOpen(int attempts)
+{
+    stream_.close();
+    if (savedPosition_ == nothingSaved)
+        reservation_.release();
+    throw std::runtime_error("Problem encountered opening file on StreamSection : " + name_ +
+                             " - Failed to open file after " + std::to_string(attempts) +
+                             " attempts : " + file_.GetFullName());
 }
 
 void StreamSectionImpl::close()
@@ -90,19 +185,23 @@ void StreamSectionImpl::close()
 
 void StreamSectionImpl::deleteFile()
 {
+    if (!reservation_.take(file_.GetFullName()))
+        return;
     // A section of this name in another process may have taken the file over since it was closed here, or may do so as
     // soon as the name is free. The lock keeps others out until the file is gone.
     using Service::FileMode;
     const Service::FileStream lock(file_.GetFullName(), FileMode::Read | FileMode::Write | FileMode::Exclusive);
     const std::error_code reason = lock.lastError();
-    if (reason == std::errc::operation_would_block || reason == std::errc::no_such_file_or_directory)
-        return;
-    try {
-        Service::FileUtils::Remove(file_);
-        savedPosition_ = nothingSaved;
-    } catch (const std::exception&) {
-        // The file stays, and with it the place where writing may go on.
+    if (reason != std::errc::operation_would_block && reason != std::errc::no_such_file_or_directory) {
+        try {
+            Service::FileUtils::Remove(file_);
+            savedPosition_ = nothingSaved;
+        } catch (const std::exception&) {
+            // The file stays, and with it the place where writing may go on.
+        }
     }
+    if (savedPosition_ == nothingSaved)
+        reservation_.release();
 }
 
 std::streambuf* StreamSectionImpl::rewind()
@@ -144,6 +243,11 @@ void StreamSection::remove()
 std::streambuf* StreamSection::rewind()
 {
     return impl_->rewind();
+}
+
+void StreamSection::setBufferSize(int bytes)
+{
+    impl_->setBufferSize(bytes);
 }
 
 } // namespace Kvt::Mrl::MrlIO
