@@ -247,27 +247,68 @@ TEST(BufferedBinaryFileReader, ReachesOffsetsBeyondFourGigabytes)
 TEST(FileStream, RecordsOfAllSizesArriveInOrder)
 {
     TempDir dir;
-    std::string expected;
-    FileStream out(dir.file("a"), rewriting);
-    std::mt19937 random(3);
-    for (const int size : {1, 15000, 4008, 3, 1000000, 2500000, 0, 1048576, 7, 40000}) {
-        std::string piece(static_cast<std::size_t>(size), '\0');
-        std::generate(piece.begin(), piece.end(), [&] { return static_cast<char>(random()); });
-        out.write(piece.data(), size);
-        out.put('|');
-        expected += piece + '|';
-        ASSERT_EQ(out.tellp(), std::streamoff(expected.size()));
-    }
-    out.close();
-    EXPECT_TRUE(out.good());
-    EXPECT_EQ(readBytes(dir.file("a")), expected);
+    for (const int bufferSize : {0, 1, 5000, 16384, 1 << 30}) {
+        std::string expected;
+        FileStream out;
+        out.setBufferSize(bufferSize);
+        out.open(dir.file("a"), rewriting);
+        std::mt19937 random(3);
+        for (const int size : {1, 15000, 4008, 3, 1000000, 2500000, 0, 1048576, 7, 40000}) {
+            std::string piece(static_cast<std::size_t>(size), '\0');
+            std::generate(piece.begin(), piece.end(), [&] { return static_cast<char>(random()); });
+            out.write(piece.data(), size);
+            out.put('|');
+            expected += piece + '|';
+            ASSERT_EQ(out.tellp(), std::streamoff(expected.size()));
+        }
+        out.close();
+        EXPECT_TRUE(out.good());
+        EXPECT_EQ(readBytes(dir.file("a")), expected);
 
-    FileStream in(dir.file("a"), FileMode::Read);
-    std::string content(expected.size() + 1, '\0');
-    in.read(content.data(), 10);
-    in.read(content.data() + 10, static_cast<std::streamsize>(content.size()));
-    EXPECT_TRUE(in.eof());
-    EXPECT_EQ(content.substr(0, 10 + static_cast<std::size_t>(in.gcount())), expected);
+        FileStream in;
+        in.setBufferSize(std::max(bufferSize, 5000)); // a byte at a time takes its time
+        in.open(dir.file("a"), FileMode::Read);
+        std::string content(expected.size() + 1, '\0');
+        in.read(content.data(), 10);
+        in.read(content.data() + 10, static_cast<std::streamsize>(content.size()));
+        EXPECT_TRUE(in.eof());
+        EXPECT_EQ(content.substr(0, 10 + static_cast<std::size_t>(in.gcount())), expected);
+    }
+}
+
+TEST(FileStream, CopiesAPartOfAnotherFile)
+{
+    TempDir dir;
+    FileStream source(dir.file("a"), updating);
+    source << "0123456789";
+    source.seekg(2);
+    auto* const from = dynamic_cast<FileStreamBuf*>(source.rdbuf());
+    ASSERT_NE(from, nullptr);
+    FileStream out(dir.file("b"), rewriting);
+    out << "in front ";
+    out.copyFrom(*from, 5);
+    out << " behind";
+    EXPECT_EQ(source.get(), '7');
+    EXPECT_TRUE(out.flush());
+    EXPECT_EQ(readBytes(dir.file("b")), "in front 23456 behind");
+    out.copyFrom(*from, 3);
+    EXPECT_TRUE(out.fail()) << "only two bytes are left";
+
+    // Devices are no files that the system copies, and a full one fails.
+    source.seekg(0);
+    FileStream device("/dev/null", FileMode::Write);
+    device.copyFrom(*from, 10);
+    EXPECT_TRUE(device.good());
+    FileStream endless("/dev/zero", FileMode::Read);
+    FileStream zeros(dir.file("b"), rewriting);
+    zeros.copyFrom(dynamic_cast<FileStreamBuf&>(*endless.rdbuf()), 100000);
+    EXPECT_TRUE(zeros.flush());
+    EXPECT_EQ(readBytes(dir.file("b")), std::string(100000, '\0'));
+    source.seekg(0);
+    FileStream full("/dev/full", FileMode::Write);
+    full.copyFrom(*from, 10);
+    full.close();
+    EXPECT_TRUE(full.fail());
 }
 
 TEST(FileStream, ReadingAndWritingShareOnePosition)

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
 
 using namespace Kvt::Mrl::Core::Service;
 
@@ -35,14 +36,28 @@ TEST(YearMonthDay, RefusesDaysThatDoNotExist)
     EXPECT_LT(YearMonthDay(2000, 1, 31), YearMonthDay(2000, 2, 1));
 }
 
-TEST(HourMinuteSecondMillisecond, RefusesTimesThatDoNotExist)
+TEST(HourMinuteSecondMillisecond, NamesTheFirstNumberThatIsOutOfRange)
 {
     EXPECT_NO_THROW(HourMinuteSecondMillisecond(23, 59, 59, 999));
-    const int wrong[][4] = {{24, 0, 0, 0}, {0, 60, 0, 0}, {0, 0, 60, 0}, {0, 0, 0, 1000},
-                            {-1, 0, 0, 0}, {0, -1, 0, 0}, {0, 0, -1, 0}, {0, 0, 0, -1}};
-    for (const auto& w : wrong)
-        EXPECT_THROW(HourMinuteSecondMillisecond(w[0], w[1], w[2], w[3]), ServiceException)
-            << w[0] << w[1] << w[2] << w[3];
+    EXPECT_EQ(HourMinuteSecondMillisecond(0, 75, 0, 0).Minute(), 75) << "only negative minutes are refused";
+
+    struct Case
+    {
+        int hour, minute, second, millisecond;
+        const char* refused;
+    };
+
+    const Case cases[] = {{24, -1, 0, 0, "hour"},      {-1, 0, 0, 0, "hour"},   {0, -1, 60, 0, "minute"},
+                          {0, 0, 60, -1, "second"},    {0, 0, -1, 0, "second"}, {0, 0, 0, 1000, "millisecond"},
+                          {0, 0, 0, -1, "millisecond"}};
+    for (const Case& c : cases) {
+        try {
+            HourMinuteSecondMillisecond(c.hour, c.minute, c.second, c.millisecond);
+            ADD_FAILURE() << c.refused;
+        } catch (const ServiceException& refusal) {
+            EXPECT_EQ(refusal.what(), "HourMinuteSecondMillisecond: invalid " + std::string(c.refused) + " value");
+        }
+    }
     EXPECT_EQ(HourMinuteSecondMillisecond(), HourMinuteSecondMillisecond(0, 0, 0, 0));
 }
 

@@ -173,18 +173,74 @@ TEST(StreamSection, WaitsForALockedFileWithoutTouchingIt)
     EXPECT_EQ(readBytes(file), "kept and more");
 }
 
-TEST(StreamSection, TwoSectionsOfOneNameExcludeEachOther)
+TEST(StreamSection, KeepsItsFileFromTheFirstOpeningUntilItIsRemoved)
 {
     const TempDir dir;
     const NotedWaits noted;
     const FileName target(dir.file("CASE.UNRST"));
+    const std::string file = dir.file("CASE_A.tmp");
     StreamSection first(target, "A", false);
-    StreamSection second(target, "A", false);
+    auto second = std::make_unique<StreamSection>(FileName(dir.file("./CASE.UNRST")), "A", false);
     first.stream() << "first" << std::flush;
-    EXPECT_THROW(second.stream(), std::runtime_error);
-    EXPECT_EQ(readBytes(dir.file("CASE_A.tmp")), "first");
+    EXPECT_THROW(second->stream(), std::runtime_error);
     first.close();
+    EXPECT_THROW(second->stream(), std::runtime_error);
+    second->remove();
+    EXPECT_EQ(readBytes(file), "first");
+    EXPECT_EQ(NotedWaits::waits().size(), 20U);
+
+    first.remove();
+    EXPECT_NO_THROW(second->stream());
+    EXPECT_THROW(first.stream(), std::runtime_error);
+    second.reset();
+    EXPECT_NO_THROW(first.stream());
+}
+
+TEST(StreamSection, AnOpeningThatFailedReservesNothing)
+{
+    const TempDir dir;
+    const NotedWaits noted;
+    const FileName target(dir.file("missing/CASE.UNRST"));
+    StreamSection first(target, "A", false);
+    EXPECT_THROW(first.stream(), std::runtime_error);
+    std::filesystem::create_directory(dir.file("missing"));
+    StreamSection second(target, "A", false);
     EXPECT_NO_THROW(second.stream());
+}
+
+TEST(StreamSection, DoesNotGoOnBehindTheEndOfAFileThatGotShorter)
+{
+    const TempDir dir;
+    const NotedWaits noted;
+    const std::string file = dir.file("CASE_A.tmp");
+    StreamSection section(FileName(dir.file("CASE.UNRST")), "A", false);
+    section.stream() << "0123456789";
+    section.close();
+    writeBytes(file, "012345678");
+    for (int attempt = 0; attempt < 2; ++attempt)
+        EXPECT_EQ(errorOf([&] { section.stream(); }), "Problem encountered opening file on StreamSection : A - Failed "
+                                                      "to open file after 0 attempts : " +
+                                                          file);
+    EXPECT_TRUE(NotedWaits::waits().empty());
+    writeBytes(file, "0123456789+");
+    section.stream() << "A";
+    section.close();
+    EXPECT_EQ(readBytes(file), "0123456789A");
+}
+
+TEST(StreamSection, TheBufferSizeCountsFromTheNextOpening)
+{
+    const TempDir dir;
+    const std::string file = dir.file("CASE_A.tmp");
+    StreamSection section(FileName(dir.file("CASE.UNRST")), "A", false);
+    section.stream();
+    section.setBufferSize(4);
+    section.stream() << "123456";
+    EXPECT_EQ(readBytes(file), "");
+    section.close();
+    section.stream() << "78"
+                     << "9abc";
+    EXPECT_EQ(readBytes(file), "123456789a");
 }
 
 TEST(StreamSection, KeepsItsPlaceIfTheFileCannotBeRemoved)

@@ -24,6 +24,21 @@ public:
     virtual T getFractureValue(int cell) const = 0;
 
     virtual bool isDualPorosity() const = 0;
+
+    /// Gives count values from cell first on, as getValue would one by one. The writers ask this way, so override it
+    /// where the values lie in memory: a call for each cell costs as much as writing the value.
+    virtual void getValues(int first, int count, T* out) const
+    {
+        for (int i = 0; i < count; ++i)
+            out[i] = getValue(first + i);
+    }
+
+    /// The same for fracture values.
+    virtual void getFractureValues(int first, int count, T* out) const
+    {
+        for (int i = 0; i < count; ++i)
+            out[i] = getFractureValue(first + i);
+    }
 };
 
 } // namespace Kvt::Mrl::MrlIO

@@ -19,8 +19,9 @@ class StreamSectionImpl;
 /// closed and is opened again at the next request, going on where it stopped: its owner decides how many sections are
 /// open at once. The owner also calls remove when the content is no longer needed; the destructor only closes.
 ///
-/// While a section is open it holds an exclusive lock on its file. A section of the same name in another process thus
-/// can't truncate it: there the open counts as failed. One thread at a time may use a section.
+/// From its first opening until remove or the destructor a section has its file to itself in this process, and while it
+/// is open it holds an exclusive lock against other processes. To a second section of the same name the file thus can't
+/// be opened. One thread at a time may use a section.
 ///
 /// The order of the virtual operations is part of the interface.
 class MRLIO_EXPORT StreamSection
@@ -42,7 +43,8 @@ public:
     /// The stream to write to, with numbers in scientific form, opened if need be: emptied at first and after remove,
     /// else at the remembered position. A file that can't be opened or is locked is tried ten times more, waiting
     /// 0.5, 1.0 ... 5.0 seconds behind the failed attempts, 27.5 seconds in all; the caller's thread sleeps.
-    /// throws std::runtime_error, with the section's name, the number of attempts and the file, if none succeeds
+    /// throws std::runtime_error, with the section's name, the number of attempts and the file, if none succeeds or the
+    ///        file doesn't reach to the remembered position any more
     virtual std::ostream& stream();
 
     /// Closes the stream and deletes the file; the next opening starts from nothing. A file that can't be deleted, or
@@ -53,6 +55,9 @@ public:
     /// is closed. Null if nothing was written.
     /// throws std::runtime_error if the section is closed, or what was written doesn't reach the file
     std::streambuf* rewind();
+
+    /// Limits the memory in front of the file, from the next opening on; below 1, or above 1 MiB, stands for 1 MiB.
+    void setBufferSize(int bytes);
 
 private:
     std::unique_ptr<StreamSectionImpl> impl_;

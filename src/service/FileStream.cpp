@@ -167,4 +167,10 @@ bool FileStream::truncateTo(std::int64_t length)
         setstate(std::ios_base::failbit);
     return success;
 }
+
+void FileStream::copyFrom(FileStreamBuf& source, std::int64_t count)
+{
+    if (!buffer_.copyFrom(source, count))
+        setstate(std::ios_base::failbit);
+}
 } // namespace Kvt::Mrl::Core::Service

@@ -36,7 +36,9 @@ constexpr bool has(FileMode modes, FileMode one)
 ///
 /// Reading and writing share one position. Bytes reach the file when the buffer is full and at sync, a seek, a change
 /// to reading, and close. Bytes that the system doesn't take stay in the buffer, so that a later attempt may succeed.
-/// Memory: 16 KiB at the first access, 1 MiB for streams that need more.
+/// Memory: 16 KiB at the first access, 1 MiB for streams that need more. pubsetbuf(nullptr, size) in front of open sets
+/// a lower limit, for later openings, too, and a size below 1 takes it back; it is refused (null) while a file is open.
+/// Larger sizes mean 1 MiB, since pieces that leave the processor's cache are written slower.
 class FileStreamBuf : public std::streambuf
 {
 public:
@@ -60,6 +62,10 @@ public:
     /// system refuses.
     bool truncateTo(std::int64_t length);
 
+    /// Writes the next count bytes of source, which the system copies from file to file where it can. Both positions end
+    /// behind what was copied. False if source holds less, or can't be read or written.
+    bool copyFrom(FileStreamBuf& source, std::int64_t count);
+
     /// The reason of the last failure of the system; empty if there was none since open.
     std::error_code lastError() const { return lastError_; }
 
@@ -71,8 +77,11 @@ protected:
     pos_type seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode) override;
     pos_type seekpos(pos_type position, std::ios_base::openmode) override;
     int sync() override;
+    std::streambuf* setbuf(char* ignored, std::streamsize size) override;
 
 private:
+    static constexpr int largestCapacity = 1024 * 1024;
+
     enum class Side
     {
         None,
@@ -93,8 +102,11 @@ private:
     bool flush();
     bool writeOut(const char* bytes, std::size_t count, std::size_t& done);
     bool makeRoom();
+    std::size_t firstCapacity() const;
     bool ensureBuffer(std::size_t size);
     bool note(bool success);
+    std::int64_t copyInSystem(FileStreamBuf& source, std::int64_t count);
+    bool copyThroughBuffer(FileStreamBuf& source, std::int64_t count);
 
     int descriptor_ = -1;
     FileMode mode_{};
@@ -102,6 +114,7 @@ private:
     std::int64_t start_ = 0; // offset in the file of the buffer's first byte; the position when side_ is None
     std::unique_ptr<char[]> buffer_;
     std::size_t capacity_ = 0;
+    std::size_t fullCapacity_ = largestCapacity;
     std::error_code lastError_;
 };
 
@@ -116,6 +129,10 @@ public:
     FileStream(const std::string& path, FileMode mode);
     ~FileStream() override;
 
+    /// Limits the buffer of later openings; below 1, or above 1 MiB, stands for 1 MiB. Has no effect on a file that is
+    /// open.
+    void setBufferSize(int size) { buffer_.pubsetbuf(nullptr, size); }
+
     /// Clears the state on success and sets failbit otherwise.
     void open(const std::string& path, FileMode mode);
 
@@ -126,6 +143,9 @@ public:
 
     /// FileStreamBuf::truncateTo; the stream's state is cleared on success, and has failbit otherwise.
     bool truncateTo(std::int64_t length);
+
+    /// FileStreamBuf::copyFrom, which sets failbit if it fails.
+    void copyFrom(FileStreamBuf& source, std::int64_t count);
 
     std::error_code lastError() const { return buffer_.lastError(); }
 

@@ -9,10 +9,19 @@
 #include <utility>
 
 namespace Kvt::Mrl::Core::Service {
-namespace {
-constexpr std::size_t firstCapacity = 16 * 1024;
-constexpr std::size_t fullCapacity = 1024 * 1024;
-} // namespace
+std::streambuf* FileStreamBuf::setbuf(char* /*ignored*/, std::streamsize size)
+{
+    if (isOpen())
+        return nullptr;
+    const bool isLimit = size > 0 && size < largestCapacity;
+    fullCapacity_ = isLimit ? static_cast<std::size_t>(size) : largestCapacity;
+    return this;
+}
+
+std::size_t FileStreamBuf::firstCapacity() const
+{
+    return std::min<std::size_t>(16 * 1024, fullCapacity_);
+}
 
 std::int64_t FileStreamBuf::position() const
 {
@@ -35,7 +44,7 @@ bool FileStreamBuf::startReading()
 {
     if (side_ == Side::Reading)
         return true;
-    if (!isOpen() || !has(mode_, FileMode::Read) || !flush() || !ensureBuffer(firstCapacity))
+    if (!isOpen() || !has(mode_, FileMode::Read) || !flush() || !ensureBuffer(firstCapacity()))
         return false;
     setp(nullptr, nullptr);
     setg(buffer_.get(), buffer_.get(), buffer_.get());
@@ -47,7 +56,7 @@ bool FileStreamBuf::startWriting()
 {
     if (side_ == Side::Writing)
         return true;
-    if (!isOpen() || !has(mode_, FileMode::Write) || !ensureBuffer(firstCapacity))
+    if (!isOpen() || !has(mode_, FileMode::Write) || !ensureBuffer(firstCapacity()))
         return false;
     start_ = position();
     setg(nullptr, nullptr, nullptr);
@@ -117,7 +126,7 @@ bool FileStreamBuf::makeRoom()
 {
     if (pptr() < epptr())
         return true;
-    if (capacity_ < fullCapacity && ensureBuffer(fullCapacity))
+    if (capacity_ < fullCapacity_ && ensureBuffer(fullCapacity_))
         return true;
     return flush();
 }
@@ -160,8 +169,8 @@ FileStreamBuf::int_type FileStreamBuf::underflow()
     if (gptr() < egptr())
         return traits_type::to_int_type(*gptr());
     // A full buffer was read through: the reader goes on in large pieces from here.
-    if (egptr() - eback() == static_cast<std::ptrdiff_t>(firstCapacity))
-        ensureBuffer(fullCapacity);
+    if (egptr() - eback() == static_cast<std::ptrdiff_t>(firstCapacity()))
+        ensureBuffer(fullCapacity_);
     start_ = position();
     setg(buffer_.get(), buffer_.get(), buffer_.get());
     ssize_t got = 0;
@@ -205,20 +214,58 @@ std::streamsize FileStreamBuf::xsputn(const char* bytes, std::streamsize count)
         return 0;
     std::streamsize done = 0;
     while (done < count) {
+        if (!makeRoom())
+            break;
         const auto left = static_cast<std::size_t>(count - done);
-        if (left >= fullCapacity && waiting() == 0) {
+        if (left >= fullCapacity_ && waiting() == 0) {
             std::size_t sent = 0;
             writeOut(bytes + done, left, sent);
             return done + static_cast<std::streamsize>(sent);
         }
-        if (!makeRoom())
-            break;
         const std::streamsize ready = std::min<std::streamsize>(epptr() - pptr(), count - done);
         std::memcpy(pptr(), bytes + done, static_cast<std::size_t>(ready));
         pbump(static_cast<int>(ready));
         done += ready;
     }
     return done;
+}
+
+bool FileStreamBuf::copyFrom(FileStreamBuf& source, std::int64_t count)
+{
+    if (!source.isOpen() || !source.flush() || !startWriting() || !flush())
+        return false;
+    const std::int64_t copied = copyInSystem(source, count);
+    return copyThroughBuffer(source, count - copied);
+}
+
+/// The system may not copy these files, or not all at once, so whatever ends this is no failure yet.
+std::int64_t FileStreamBuf::copyInSystem(FileStreamBuf& source, std::int64_t count)
+{
+    off64_t from = source.position();
+    off64_t to = position();
+    std::int64_t left = count;
+    while (left > 0) {
+        const ssize_t copied =
+            ::copy_file_range(source.descriptor_, &from, descriptor_, &to, static_cast<std::size_t>(left), 0);
+        if (copied == 0 || (copied < 0 && errno != EINTR))
+            break;
+        left -= std::max<ssize_t>(copied, 0);
+    }
+    source.leaveSideAt(from);
+    leaveSideAt(to);
+    return count - left;
+}
+
+bool FileStreamBuf::copyThroughBuffer(FileStreamBuf& source, std::int64_t count)
+{
+    while (count > 0 && !traits_type::eq_int_type(source.underflow(), traits_type::eof())) {
+        const std::streamsize ready = std::min<std::streamsize>(source.egptr() - source.gptr(), count);
+        if (xsputn(source.gptr(), ready) != ready)
+            return false;
+        source.gbump(static_cast<int>(ready));
+        count -= ready;
+    }
+    return count == 0;
 }
 
 FileStreamBuf::pos_type FileStreamBuf::seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode)

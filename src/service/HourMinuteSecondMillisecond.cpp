@@ -2,18 +2,30 @@
 
 #include <mrlio/service/Exception.h>
 
-#include "service/CivilDate.h"
-
 namespace Kvt::Mrl::Core::Service {
+namespace {
+constexpr bool isBelow(int value, unsigned limit)
+{
+    return static_cast<unsigned>(value) < limit;
+}
+
+void require(bool isValid, const char* failure)
+{
+    if (!isValid)
+        throw ServiceException(failure);
+}
+} // namespace
+
 HourMinuteSecondMillisecond::HourMinuteSecondMillisecond(int hour, int minute, int second, int millisecond)
     : hour_(hour),
       minute_(minute),
       second_(second),
       millisecond_(millisecond)
 {
-    if (!isTimeOfDay(hour, minute, second, millisecond))
-        throw ServiceException("HourMinuteSecondMillisecond: no such time of day: hour " + std::to_string(hour) +
-                               ", minute " + std::to_string(minute) + ", second " + std::to_string(second) +
-                               ", millisecond " + std::to_string(millisecond));
+    require(isBelow(hour, 24), "HourMinuteSecondMillisecond: invalid hour value");
+    // Minutes have no upper limit: kept, since callers pass on what older files hold.
+    require(minute >= 0, "HourMinuteSecondMillisecond: invalid minute value");
+    require(isBelow(second, 60), "HourMinuteSecondMillisecond: invalid second value");
+    require(isBelow(millisecond, 1000), "HourMinuteSecondMillisecond: invalid millisecond value");
 }
 } // namespace Kvt::Mrl::Core::Service

@@ -156,7 +156,7 @@ std::optional<std::chrono::year_month_day> currentDate(const SummaryCaseFacts& s
         return std::nullopt;
     const sys_days start = year(static_cast<int>(date.Year())) / month(date.Month()) / day(date.Day());
     const Service::HourMinuteSecondMillisecond& time = summaryCase.startTime;
-    const int seconds = (time.Hour() * 60 + time.Minute()) * 60 + time.Second();
+    const double seconds = (time.Hour() * 60.0 + time.Minute()) * 60.0 + time.Second(); // minutes have no upper limit
     const double passed = std::floor(elapsedDays + (seconds * 1000.0 + time.Millisecond()) / millisecondsPerDay);
     const sys_days end = year(lastYear) / December / 31;
     if (passed > static_cast<double>((end - start).count()))
