@@ -4,7 +4,10 @@
 /// Every public header of the library.
 
 #include <mrlio/ArrayConverter.h>
+#include <mrlio/ArrayInfo.h>
 #include <mrlio/CaseFileFinder.h>
+#include <mrlio/CellActivitiesInfo.h>
+#include <mrlio/CellCoarsenInfo.h>
 #include <mrlio/ConcreteKeyword.h>
 #include <mrlio/DumpfluxBoundaryType.h>
 #include <mrlio/Export.h>
@@ -12,14 +15,34 @@
 #include <mrlio/FileIdentifiers.h>
 #include <mrlio/GridCellCoordinates.h>
 #include <mrlio/GridDef.h>
+#include <mrlio/GridFileFinder.h>
+#include <mrlio/GridFileKeywordDispatcher.h>
+#include <mrlio/GridKeywordList.h>
+#include <mrlio/GridKeywords.h>
 #include <mrlio/GridSpec.h>
+#include <mrlio/HiddenRestartProps.h>
+#include <mrlio/ICellActivitiesInfo.h>
+#include <mrlio/ICellCoarsenInfo.h>
 #include <mrlio/IGridPropertyArray.h>
+#include <mrlio/IGridPropertyWriter.h>
+#include <mrlio/IInitReaderBuilder.h>
 #include <mrlio/ILog.h>
+#include <mrlio/IMSWSegmentData.h>
 #include <mrlio/IMorvaneReaderSource.h>
+#include <mrlio/IPropertyDataAccess.h>
+#include <mrlio/IRawDataAccess.h>
+#include <mrlio/IRestartHeaderInfo.h>
+#include <mrlio/IRestartReaderBuilder.h>
 #include <mrlio/ISummaryDataLoader.h>
 #include <mrlio/ISummaryReader.h>
 #include <mrlio/ISummaryVectorArray.h>
+#include <mrlio/IWellConnectionArray.h>
 #include <mrlio/Index3.h>
+#include <mrlio/InitReader.h>
+#include <mrlio/InitReaderBuilder.h>
+#include <mrlio/InitRestartReaderBuilderBase.h>
+#include <mrlio/InitRestartReaderBuilders.h>
+#include <mrlio/InitWriter.h>
 #include <mrlio/KeywordHeader.h>
 #include <mrlio/KeywordTmpl.h>
 #include <mrlio/KeywordWriter.h>
@@ -36,9 +59,16 @@
 #include <mrlio/MrlIOException.h>
 #include <mrlio/MrlWriterDefaultParams.h>
 #include <mrlio/PhaseType.h>
+#include <mrlio/RestartKeywordAccess.h>
+#include <mrlio/RestartReader.h>
+#include <mrlio/RestartReaderBuilder.h>
 #include <mrlio/RestartSpec.h>
+#include <mrlio/RestartWriter.h>
 #include <mrlio/SeqStreamWrapper.h>
+#include <mrlio/SequentialInitWriter.h>
+#include <mrlio/SequentialRestartWriter.h>
 #include <mrlio/SimpleSummaryReader.h>
+#include <mrlio/SpecStatsData.h>
 #include <mrlio/StreamSection.h>
 #include <mrlio/SummaryContentIndexCache.h>
 #include <mrlio/SummaryReaderBase.h>
@@ -53,6 +83,8 @@
 #include <mrlio/ValueType.h>
 #include <mrlio/Vertex2F.h>
 #include <mrlio/WellModelType.h>
+#include <mrlio/WellStatus.h>
+#include <mrlio/WellType.h>
 
 #include <mrlio/service/AssertFailure.h>
 #include <mrlio/service/Directory.h>

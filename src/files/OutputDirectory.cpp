@@ -93,11 +93,16 @@ std::string stepFilesPattern(const std::string& rootName, const std::string& let
     return "^" + escaped(rootName) + "\\." + letters + "\\d{4}$";
 }
 
-void refuseFilesOfType(const Service::Directory& directory, const std::string& pattern)
+bool hasFilesOfType(const Service::Directory& directory, const std::string& pattern)
 {
     std::vector<std::string> found;
     directory.Find(pattern, false, true, false, false, false, found);
-    if (!found.empty())
+    return !found.empty();
+}
+
+void refuseFilesOfType(const Service::Directory& directory, const std::string& pattern)
+{
+    if (hasFilesOfType(directory, pattern))
         fail<std::invalid_argument>("Files of type ", pattern, " already exist.");
 }
 

@@ -35,7 +35,10 @@ std::string stepExtension(std::string_view letters, int step);
 /// letters    as an expression: one letter, or a set like [XYZ]
 std::string stepFilesPattern(const std::string& rootName, const std::string& letters);
 
-/// throws   std::invalid_argument if a file of that directory matches
+/// Whether a file of that directory matches.
+bool hasFilesOfType(const Service::Directory& directory, const std::string& pattern);
+
+/// throws   std::invalid_argument, with the pattern in its text, if a file of that directory matches
 void refuseFilesOfType(const Service::Directory& directory, const std::string& pattern);
 
 /// Deletes the files that match. A file that another process holds on to for a moment costs an attempt; after a hundred
