@@ -4,10 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
 
 namespace casereport {
 
@@ -75,37 +71,6 @@ void addCurve(Chart& chart, const ISimpleSummaryReader& reader, const SummaryVec
     chart.curves.push_back(std::move(curve));
 }
 
-std::string fileName(const std::string& title)
-{
-    std::string name;
-    for (char c : title)
-        name += c == ' ' ? '-' : static_cast<char>(c | 0x20);
-    return name + ".svg";
-}
-
-void writeFile(const std::filesystem::path& path, const std::string& text)
-{
-    const std::filesystem::path aside = path.string() + ".part";
-    std::ofstream file(aside, std::ios::binary);
-    file << text;
-    file.close();
-    if (!file)
-        throw std::runtime_error("can't write " + path.string());
-    std::filesystem::rename(aside, path);
-}
-
-std::string indexPage(const std::string& caseName, const std::vector<std::string>& pictures)
-{
-    std::string page =
-        "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" + escapeXml(caseName) +
-        "</title><style>body{font-family:sans-serif;background:#f4f4f4;margin:24px}"
-        "img{background:#fff;margin:8px;box-shadow:0 1px 4px #0003;max-width:100%}</style></head><body>\n<h1>" +
-        escapeXml(caseName) + "</h1>\n";
-    for (const std::string& picture : pictures)
-        page.append("<img src=\"").append(picture).append("\" alt=\"").append(picture).append("\">\n");
-    return page + "</body></html>\n";
-}
-
 } // namespace
 
 std::vector<Chart> makeCharts(const ISimpleSummaryReader& reader, const std::string& caseName)
@@ -125,18 +90,11 @@ std::vector<Chart> makeCharts(const ISimpleSummaryReader& reader, const std::str
     return charts;
 }
 
-std::vector<std::string> writeCharts(const ISimpleSummaryReader& reader, const std::string& caseName,
-                                     const std::string& directory)
+void writeCharts(const ISimpleSummaryReader& reader, const std::string& caseName, PictureFolder& folder)
 {
-    std::filesystem::create_directories(directory);
     const CaseCalendar calendar(reader);
-    std::vector<std::string> pictures;
-    for (const Chart& chart : makeCharts(reader, caseName)) {
-        pictures.push_back(fileName(chart.title));
-        writeFile(std::filesystem::path(directory) / pictures.back(), drawChart(chart, calendar));
-    }
-    writeFile(std::filesystem::path(directory) / "index.html", indexPage(caseName, pictures));
-    return pictures;
+    for (const Chart& chart : makeCharts(reader, caseName))
+        folder.add(chart.title, drawChart(chart, calendar));
 }
 
 } // namespace casereport

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PictureFolder.h"
 #include "SvgChart.h"
 
 #include <mrlio/MrlIO.h>
@@ -12,9 +13,8 @@ namespace casereport {
 /// The charts that a case's vectors give: field rates and totals, water cuts, wells, regions, blocks.
 std::vector<Chart> makeCharts(const Kvt::Mrl::MrlIO::ISimpleSummaryReader& reader, const std::string& caseName);
 
-/// Writes a file per chart and an index.html that shows them all; gives the names of the pictures. Throws
-/// std::runtime_error if a file can't be written. Pictures appear whole: they are written aside and renamed.
-std::vector<std::string> writeCharts(const Kvt::Mrl::MrlIO::ISimpleSummaryReader& reader, const std::string& caseName,
-                                     const std::string& directory);
+/// Puts a picture of each into the folder.
+void writeCharts(const Kvt::Mrl::MrlIO::ISimpleSummaryReader& reader, const std::string& caseName,
+                 PictureFolder& folder);
 
 } // namespace casereport

@@ -7,10 +7,13 @@
 namespace casereport {
 
 const char* const usage = "Usage: casereport DIRECTORY CASE [options]\n"
-                          "Says what a case holds, prints vectors over time and draws them.\n"
+                          "Says what a case holds, prints vectors over time, draws them and maps of its layers.\n"
                           "  --vectors LIST      for the table: KEYWORD, KEYWORD:NAME or KEYWORD:NUMBER, by commas\n"
                           "  --rows N            most rows of the table (25)\n"
-                          "  --charts DIRECTORY  draw SVG charts there, with an index.html\n"
+                          "  --charts DIRECTORY  draw SVG charts and maps there, with an index.html\n"
+                          "  --maps LIST         of properties to map, by commas (SWAT,PRESSURE,PERMX)\n"
+                          "  --layer N           which layer the maps show (the one in the middle)\n"
+                          "  --map-steps LIST    report steps that they show (four, spread evenly)\n"
                           "  --follow            keep reading while the case grows, until its writer is done\n"
                           "  --interval MS       time between two looks when following (500)\n"
                           "  --patience S        stop following a case that stands still for so long (30)\n"
@@ -19,11 +22,11 @@ const char* const usage = "Usage: casereport DIRECTORY CASE [options]\n"
 
 namespace {
 
-int parseNumber(const std::string& text, const std::string& option)
+int parseNumber(const std::string& text, const std::string& option, int least = 1)
 {
     int value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || value < 1)
+    if (error != std::errc() || end != text.data() + text.size() || value < least)
         throw std::invalid_argument("bad value for " + option + ": " + text);
     return value;
 }
@@ -40,6 +43,14 @@ std::vector<std::string> split(const std::string& list)
     return parts;
 }
 
+std::vector<int> parseSteps(const std::string& list, const std::string& option)
+{
+    std::vector<int> steps;
+    for (const std::string& step : split(list))
+        steps.push_back(parseNumber(step, option, 0));
+    return steps;
+}
+
 void parseValue(const std::string& name, const std::string& value, Options& options)
 {
     if (name == "--vectors")
@@ -48,6 +59,12 @@ void parseValue(const std::string& name, const std::string& value, Options& opti
         options.tableRows = parseNumber(value, name);
     else if (name == "--charts")
         options.chartDirectory = value;
+    else if (name == "--maps")
+        options.maps.properties = split(value);
+    else if (name == "--layer")
+        options.maps.layer = parseNumber(value, name);
+    else if (name == "--map-steps")
+        options.maps.steps = parseSteps(value, name);
     else if (name == "--interval")
         options.interval = std::chrono::milliseconds(parseNumber(value, name));
     else if (name == "--patience")

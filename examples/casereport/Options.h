@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Maps.h"
+
 #include <chrono>
 #include <string>
 #include <vector>
@@ -12,7 +14,8 @@ struct Options
     std::string directory;
     std::string caseName;
     std::vector<std::string> vectors; ///< for the table, as vectorsNamed takes them; empty for a choice of ours
-    std::string chartDirectory;       ///< empty for no charts
+    std::string chartDirectory;       ///< for charts and maps; empty for neither
+    MapChoice maps{{"SWAT", "PRESSURE", "PERMX"}, 0, {}};
     int tableRows = 25;
     bool follow = false;
     bool cache = true; ///< use and write the content cache

@@ -1,5 +1,7 @@
 #include "SvgChart.h"
 
+#include "SvgParts.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -41,17 +43,6 @@ struct Scales
 
     double y(double value) const { return top + plotHeight * (1.0 - values.fraction(value)); }
 };
-
-/// The smallest of 1, 2, 2.5 and 5 times a power of ten that makes at most so many steps of a span.
-double roundStep(double span, int mostSteps)
-{
-    const double least = span / mostSteps;
-    const double power = std::pow(10.0, std::floor(std::log10(least)));
-    for (double factor : {1.0, 2.0, 2.5, 5.0})
-        if (factor * power >= least * (1.0 - 1e-9))
-            return factor * power;
-    return 10.0 * power;
-}
 
 Range dayRange(const Chart& chart)
 {
@@ -97,35 +88,6 @@ Scales makeScales(const Chart& chart)
     scales.values.low = scales.valueStep * std::floor(scales.values.low / scales.valueStep + 1e-9);
     scales.values.high = scales.valueStep * std::ceil(scales.values.high / scales.valueStep - 1e-9);
     return scales;
-}
-
-/// How many decimals tell neighbouring steps apart.
-int decimalsFor(double step)
-{
-    int decimals = 0;
-    for (double scaled = step; decimals < 9 && std::abs(scaled - std::round(scaled)) > 1e-6 * scaled; scaled *= 10.0)
-        ++decimals;
-    return decimals;
-}
-
-/// A number with a thin space between groups of three digits, without needless decimals.
-std::string numberText(double value, double step)
-{
-    char digits[64];
-    std::snprintf(digits, sizeof digits, "%.*f", decimalsFor(step), std::abs(value) < 1e-9 * step ? 0.0 : value);
-    std::string text = digits;
-    std::size_t end = std::min(text.find('.'), text.size());
-    const std::size_t begin = text[0] == '-' ? 1 : 0;
-    while (end > begin + 3) {
-        end -= 3;
-        text.insert(end, "&#8201;");
-    }
-    return text;
-}
-
-void drawText(std::ostream& out, double x, double y, const char* style, const std::string& text)
-{
-    out << "<text x=\"" << x << "\" y=\"" << y << "\" " << style << ">" << text << "</text>\n";
 }
 
 /// The power of a thousand in which an axis counts, so that its numbers stay short; mostly 0.
@@ -302,31 +264,7 @@ void drawLegend(std::ostream& out, const Chart& chart)
                  "and " + std::to_string(chart.leftOut) + " more");
 }
 
-constexpr const char* styles = "<style>text{font-family:'DejaVu Sans',Verdana,sans-serif;fill:#222}"
-                               ".title{font-size:20px;font-weight:bold}.subtitle{font-size:13px;fill:#666}"
-                               ".tick{font-size:12px;fill:#444}.axis{font-size:13px}.legend{font-size:13px}"
-                               ".grid{stroke:#e2e2e2;stroke-width:1}.frame{fill:none;stroke:#888;stroke-width:1}"
-                               ".curve{fill:none;stroke-width:2;stroke-linejoin:round}</style>\n";
-
 } // namespace
-
-std::string escapeXml(const std::string& text)
-{
-    std::string escaped;
-    for (char c : text) {
-        if (c == '&')
-            escaped += "&amp;";
-        else if (c == '<')
-            escaped += "&lt;";
-        else if (c == '>')
-            escaped += "&gt;";
-        else if (c == '"')
-            escaped += "&quot;";
-        else
-            escaped += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
-    }
-    return escaped;
-}
 
 std::string drawChart(const Chart& chart, const CaseCalendar& calendar)
 {
@@ -334,9 +272,7 @@ std::string drawChart(const Chart& chart, const CaseCalendar& calendar)
     std::ostringstream out;
     out.imbue(std::locale::classic());
     out.precision(6);
-    out << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << width << " " << height << "\" width=\""
-        << width << "\" height=\"" << height << "\">\n"
-        << styles << "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
+    beginSvg(out, width, height);
     drawText(out, left, 32, "class=\"title\"", escapeXml(chart.title));
     drawText(out, left, 54, "class=\"subtitle\"", escapeXml(chart.subtitle));
     drawValueAxis(out, chart, scales);
@@ -346,7 +282,7 @@ std::string drawChart(const Chart& chart, const CaseCalendar& calendar)
     for (std::size_t n = 0; n < chart.curves.size(); ++n)
         drawCurve(out, chart.curves[n], scales, n);
     drawLegend(out, chart);
-    out << "</svg>\n";
+    endSvg(out);
     return out.str();
 }
 

@@ -24,9 +24,6 @@ struct Chart
     std::size_t leftOut = 0; ///< curves for which there was no room
 };
 
-/// The text with what has a meaning of its own in XML replaced.
-std::string escapeXml(const std::string& text);
-
 /// An SVG document of lines over a time axis with dates, a legend and a grid in round numbers.
 std::string drawChart(const Chart& chart, const CaseCalendar& calendar);
 

@@ -1,7 +1,10 @@
 /// Says what a case holds and draws it, and can follow a case that is being written.
 
+#include "CellCase.h"
+#include "CellReport.h"
 #include "Charts.h"
 #include "Dates.h"
+#include "Maps.h"
 #include "Options.h"
 #include "Report.h"
 #include "SummaryCase.h"
@@ -9,15 +12,17 @@
 #include <cstdio>
 #include <exception>
 #include <iostream>
+#include <limits>
 #include <stdexcept>
 #include <thread>
 
 namespace {
 
 using namespace casereport;
+using Kvt::Mrl::MrlIO::ISimpleSummaryReader;
 using Clock = std::chrono::steady_clock;
 
-void printProgress(const Kvt::Mrl::MrlIO::ISimpleSummaryReader& reader)
+void printProgress(const ISimpleSummaryReader& reader)
 {
     const std::vector<float>& times = reader.timeStepDays();
     const CaseCalendar calendar(reader);
@@ -26,21 +31,43 @@ void printProgress(const Kvt::Mrl::MrlIO::ISimpleSummaryReader& reader)
     std::fflush(stdout);
 }
 
-void show(const Options& options, const SummaryCase& summary)
+/// Draws what there is. With a summary, maps show none of the steps that it doesn't have yet: their writer may be at
+/// work on them.
+void draw(const Options& options, const ISimpleSummaryReader* summary, const CellCase& cells, PictureFolder& folder)
+{
+    int lastStep = std::numeric_limits<int>::max();
+    if (summary != nullptr) {
+        writeCharts(*summary, options.caseName, folder);
+        lastStep = static_cast<int>(summary->reportStepDays().size());
+    }
+    if (cells.initial() != nullptr || cells.steps() != nullptr)
+        for (const std::string& property : writeMaps(cells, options.maps, lastStep, folder))
+            std::cout << "There is no property " << property << " to map.\n";
+    folder.writePage("Case " + options.caseName);
+}
+
+void show(const Options& options, const SummaryCase& summary, CellCase& cells)
 {
     printProgress(*summary.reader());
-    if (!options.chartDirectory.empty())
-        writeCharts(*summary.reader(), options.caseName, options.chartDirectory);
+    if (options.chartDirectory.empty())
+        return;
+    try {
+        cells.refresh();
+        PictureFolder folder(options.chartDirectory);
+        draw(options, summary.reader(), cells, folder);
+    } catch (const std::exception& error) {
+        std::cerr << "not drawn this time: " << error.what() << "\n"; // a file that is being replaced, say
+    }
 }
 
 /// Looks again and again until the case's writer is done, or nothing has come for too long, which gives false.
-bool follow(const Options& options, SummaryCase& summary)
+bool follow(const Options& options, SummaryCase& summary, CellCase& cells)
 {
     Clock::time_point lastNews = Clock::now();
     while (true) {
         if (summary.refresh(SummaryCase::Extent::Settled)) {
             lastNews = Clock::now();
-            show(options, summary);
+            show(options, summary, cells);
         }
         if (summary.finished() && summary.reader() != nullptr)
             return true;
@@ -50,16 +77,20 @@ bool follow(const Options& options, SummaryCase& summary)
     }
 }
 
-void report(const Options& options, const SummaryCase& summary)
+void report(const Options& options, const ISimpleSummaryReader* summary, const CellCase& cells)
 {
     printFiles(std::cout, options.directory, options.caseName);
-    printSummary(std::cout, *summary.reader());
-    printTable(std::cout, *summary.reader(), options.vectors, options.tableRows);
+    if (summary != nullptr) {
+        printSummary(std::cout, *summary);
+        printTable(std::cout, *summary, options.vectors, options.tableRows);
+    }
+    printCells(std::cout, cells, options.tableRows);
     if (options.chartDirectory.empty())
         return;
-    const auto pictures = writeCharts(*summary.reader(), options.caseName, options.chartDirectory);
-    std::cout << "\n" << pictures.size() << " charts in " << options.chartDirectory << ":\n";
-    for (const std::string& picture : pictures)
+    PictureFolder folder(options.chartDirectory);
+    draw(options, summary, cells, folder);
+    std::cout << "\n" << folder.pictures().size() << " pictures in " << options.chartDirectory << ":\n";
+    for (const std::string& picture : folder.pictures())
         std::cout << "  " << picture << "\n";
 }
 
@@ -68,14 +99,16 @@ void report(const Options& options, const SummaryCase& summary)
 bool run(const Options& options)
 {
     SummaryCase summary(options.directory, options.caseName, options.cache);
-    const bool isWhole = !options.follow || follow(options, summary);
+    CellCase cells(options.directory, options.caseName);
+    const bool isWhole = !options.follow || follow(options, summary, cells);
     if (!isWhole)
         std::cerr << "casereport: nothing new for " << options.patience.count()
                   << " seconds, and the writer isn't done\n";
     summary.refresh(SummaryCase::Extent::All);
-    if (summary.reader() == nullptr)
+    cells.refresh();
+    if (summary.reader() == nullptr && cells.initial() == nullptr && cells.steps() == nullptr)
         throw std::runtime_error(summary.trouble());
-    report(options, summary);
+    report(options, summary.reader(), cells);
     return isWhole;
 }
 

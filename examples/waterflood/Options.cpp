@@ -9,7 +9,7 @@
 namespace waterflood {
 
 const char* const usage = "Usage: waterflood DIRECTORY CASE [options]\n"
-                          "Simulates a five-spot waterflood and writes its summary while it runs.\n"
+                          "Simulates a five-spot waterflood and writes its case while it runs.\n"
                           "  --cells NXxNYxNZ    size of the grid (40x40x5)\n"
                           "  --years Y           simulated time (10)\n"
                           "  --report-days D     length of a report step (30.4375)\n"
@@ -17,8 +17,9 @@ const char* const usage = "Usage: waterflood DIRECTORY CASE [options]\n"
                           "  --seed N            which permeability field (1)\n"
                           "  --pace MS           milliseconds to wait after each time step (0)\n"
                           "  --formatted         text files in place of unformatted ones\n"
-                          "  --split             one summary file a report step in place of a unified one\n"
-                          "  --local-grid        also vectors of a local grid around PROD1\n"
+                          "  --split             a file per report step in place of unified ones\n"
+                          "  --local-grid        also a local grid around PROD1, which is completed in it\n"
+                          "  --random-order      write the grids side by side in place of one after the other\n"
                           "  --overwrite         replace the files of an earlier run\n"
                           "  --help              this text\n";
 
@@ -56,6 +57,8 @@ bool parseFlag(std::string_view name, Options& options)
         options.unified = false;
     else if (name == "--local-grid")
         options.localGrid = true;
+    else if (name == "--random-order")
+        options.randomOrder = true;
     else if (name == "--overwrite")
         options.overwrite = true;
     else if (name == "--help")

@@ -19,6 +19,7 @@ struct Options
     bool formatted = false;
     bool unified = true;
     bool localGrid = false;
+    bool randomOrder = false; ///< grids side by side through the random-order writers
     bool overwrite = false;
     bool help = false;
 };

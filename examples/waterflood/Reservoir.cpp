@@ -90,16 +90,52 @@ std::vector<int> makeRegions(const Grid& grid)
 
 std::vector<Well> makeWells(const Grid& grid)
 {
-    const int right = grid.nx - 1, back = grid.ny - 1;
-    const double injection = 0.1 * typicalPorosity * grid.cellVolume() * static_cast<double>(grid.cellCount()) / 365.25;
-    const double share = 0.25 * injection;
+    const int left = (grid.nx + 1) / 6, front = (grid.ny + 1) / 6;
+    const int right = grid.nx - 1 - left, back = grid.ny - 1 - front;
     return {
-        {"INJ1", "INJECT", grid.nx / 2, grid.ny / 2, true, WellControl::Rate, injection, 450.0},
-        {"PROD1", "WEST", 0, 0, false, WellControl::Pressure, 0.0, 200.0},
-        {"PROD2", "EAST", right, 0, false, WellControl::Rate, share, 150.0},
-        {"PROD3", "WEST", 0, back, false, WellControl::Rate, share, 150.0},
+        {"INJ1", "INJECT", grid.nx / 2, grid.ny / 2, true, WellControl::Rate, 0.0, 450.0},
+        {"PROD1", "WEST", left, front, false, WellControl::Pressure, 0.0, 200.0},
+        {"PROD2", "EAST", right, front, false, WellControl::Rate, 0.0, 150.0},
+        {"PROD3", "WEST", left, back, false, WellControl::Rate, 0.0, 150.0},
         {"PROD4", "EAST", right, back, false, WellControl::Pressure, 0.0, 200.0},
     };
+}
+
+/// Whether there is sand at a place of the map, whose coordinates run from -1 to 1, and in a layer, whose depth within
+/// the sand runs from 0 to 1: inside a rounded square with a wavy edge, but not in a patch that widens downwards.
+bool isSand(double u, double v, double depth)
+{
+    const double angle = std::atan2(v, u);
+    const double edge = 0.93 + 0.05 * std::sin(3.0 * angle + 1.0) + 0.03 * std::cos(7.0 * angle);
+    const bool inside = std::pow(u, 4) + std::pow(v, 4) < std::pow(edge, 4);
+    const bool shale = std::hypot((u - 0.35) / 1.4, v + 0.3) < 0.06 + 0.08 * depth;
+    return inside && !shale;
+}
+
+/// The columns of wells are sand from top to bottom, however coarse the grid is.
+std::vector<bool> makeActiveCells(const Grid& grid, const std::vector<Well>& wells)
+{
+    std::vector<bool> active;
+    for (int k = 0; k < grid.nz; ++k)
+        for (int j = 0; j < grid.ny; ++j)
+            for (int i = 0; i < grid.nx; ++i)
+                active.push_back(
+                    isSand((2.0 * i + 1.0) / grid.nx - 1.0, (2.0 * j + 1.0) / grid.ny - 1.0, (k + 0.5) / grid.nz));
+    for (const Well& well : wells)
+        for (int k = 0; k < grid.nz; ++k)
+            active[grid.cell(well.i, well.j, k)] = true;
+    return active;
+}
+
+/// A tenth of the pore volume is injected a year, and a quarter of that produced by each well under rate control.
+void setRates(Reservoir& reservoir)
+{
+    const Grid& grid = reservoir.grid;
+    const double sand = grid.cellVolume() * static_cast<double>(grid.activeCount());
+    const double injection = 0.1 * typicalPorosity * sand / 365.25;
+    for (Well& well : reservoir.wells)
+        if (well.control == WellControl::Rate)
+            well.targetRate = well.injector ? injection : 0.25 * injection;
 }
 
 } // namespace
@@ -136,10 +172,21 @@ Reservoir makeFiveSpot(int nx, int ny, int nz, unsigned seed)
     reservoir.grid.nx = nx;
     reservoir.grid.ny = ny;
     reservoir.grid.nz = nz;
+    reservoir.grid.crestX = 0.35 * reservoir.grid.dx * nx;
+    reservoir.grid.crestY = 0.55 * reservoir.grid.dy * ny;
     reservoir.rock = makeRock(reservoir.grid, seed);
     reservoir.regions = makeRegions(reservoir.grid);
     reservoir.wells = makeWells(reservoir.grid);
+    reservoir.wells.back().multiSegment = true;
+    reservoir.grid.active = makeActiveCells(reservoir.grid, reservoir.wells);
+    setRates(reservoir);
     return reservoir;
+}
+
+LocalGrid makeLocalGrid(const Reservoir& reservoir)
+{
+    const Well& well = reservoir.wells[refinedWell];
+    return refineAround(reservoir.grid, "NEAR-P1", well.i, well.j);
 }
 
 } // namespace waterflood

@@ -1,38 +1,16 @@
 #pragma once
 
 /// \file
-/// What is simulated: a box of sand with oil and connate water, and the wells in it. Units: metres, days, bars,
+/// What is simulated: a dome of sand with oil and connate water, and the wells in it. Units: metres, days, bars,
 /// millidarcies, centipoises, cubic metres.
 
-#include <cstddef>
+#include "LocalGrid.h"
+
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace waterflood {
-
-/// A Cartesian grid of equal cells; indexes count from 0, i fastest.
-struct Grid
-{
-    int nx = 40, ny = 40, nz = 5;
-    double dx = 25.0, dy = 25.0, dz = 5.0;
-    double topDepth = 2000.0;
-
-    std::size_t cellCount() const
-    {
-        return static_cast<std::size_t>(nx) * static_cast<std::size_t>(ny) * static_cast<std::size_t>(nz);
-    }
-
-    std::size_t cell(int i, int j, int k) const
-    {
-        return static_cast<std::size_t>(i) +
-               static_cast<std::size_t>(nx) *
-                   (static_cast<std::size_t>(j) + static_cast<std::size_t>(ny) * static_cast<std::size_t>(k));
-    }
-
-    double depth(int k) const { return topDepth + dz * (k + 0.5); }
-
-    double cellVolume() const { return dx * dy * dz; }
-};
 
 /// Rock with a compressible pore volume; both fluids are incompressible, so that volumes balance exactly.
 struct Rock
@@ -81,6 +59,7 @@ struct Well
     double targetRate = 0.0;    ///< cubic metres a day, positive for both kinds
     double pressureLimit = 0.0; ///< bottom hole: lowest for producers, highest for injectors
     double radius = 0.1;
+    bool multiSegment = false; ///< in the files: a segment per layer; it flows like the others
 };
 
 struct Reservoir
@@ -91,11 +70,19 @@ struct Reservoir
     std::vector<Well> wells;
     std::vector<int> regions; ///< number of each cell's region, from 1
     int regionCount = 4;
-    double initialPressure = 250.0; ///< at the top of the sand
+    double initialPressure = 250.0;     ///< at the top of the sand
+    std::optional<LocalGrid> localGrid; ///< in the files only
 };
 
-/// A five-spot: a water injector in the middle, producers at the corners, two of them under rate and two under pressure
-/// control. The permeability is log-normal, correlated over some cells and fixed by the seed.
+/// A five-spot: a water injector in the middle, producers towards the corners, two of them under rate and two under
+/// pressure control. The permeability is log-normal, correlated over some cells and fixed by the seed. The sand ends
+/// along a wavy line inside the grid, and a patch of it is shaled out.
 Reservoir makeFiveSpot(int nx, int ny, int nz, unsigned seed);
+
+/// Which of its wells stands in the middle of the local grid: PROD1.
+constexpr std::size_t refinedWell = 1;
+
+/// Refines the columns around that well.
+LocalGrid makeLocalGrid(const Reservoir& reservoir);
 
 } // namespace waterflood

@@ -40,11 +40,13 @@ void Simulator::forEachFace(const Action& action) const
         for (int j = 0; j < grid.ny; ++j)
             for (int i = 0; i < grid.nx; ++i) {
                 const std::size_t cell = grid.cell(i, j, k);
-                if (i + 1 < grid.nx)
+                if (!grid.active[cell])
+                    continue;
+                if (i + 1 < grid.nx && grid.active[grid.cell(i + 1, j, k)])
                     action(cell, grid.cell(i + 1, j, k), 0);
-                if (j + 1 < grid.ny)
+                if (j + 1 < grid.ny && grid.active[grid.cell(i, j + 1, k)])
                     action(cell, grid.cell(i, j + 1, k), 1);
-                if (k + 1 < grid.nz)
+                if (k + 1 < grid.nz && grid.active[grid.cell(i, j, k + 1)])
                     action(cell, grid.cell(i, j, k + 1), 2);
             }
 }
@@ -66,23 +68,25 @@ void Simulator::computeTransmissibilities()
     });
 }
 
-/// Oil in hydrostatic balance over connate water.
+/// Oil in hydrostatic balance over connate water. Cells without sand keep a pressure of 0.
 void Simulator::initialise()
 {
     const Grid& grid = reservoir_.grid;
     const std::size_t count = grid.cellCount();
-    pressures_.resize(count);
-    referencePoreVolumes_.resize(count);
+    pressures_.assign(count, 0.0);
+    referencePoreVolumes_.assign(count, 0.0);
+    depths_.resize(count);
     waterMobility_.resize(count);
     oilMobility_.resize(count);
     fractionalFlow_.resize(count);
     fractionalFlowSlope_.resize(count);
     saturations_.assign(count, reservoir_.fluids.connateWater);
     for (std::size_t cell = 0; cell < count; ++cell) {
-        const int layer =
-            static_cast<int>(cell / (static_cast<std::size_t>(grid.nx) * static_cast<std::size_t>(grid.ny)));
+        depths_[cell] = grid.depth(cell);
+        if (!grid.active[cell])
+            continue;
         pressures_[cell] =
-            reservoir_.initialPressure + gravity * reservoir_.fluids.oilDensity * (grid.depth(layer) - grid.topDepth);
+            reservoir_.initialPressure + gravity * reservoir_.fluids.oilDensity * (depths_[cell] - grid.topDepth);
         referencePoreVolumes_[cell] = grid.cellVolume() * reservoir_.rock.porosity[cell];
     }
     initialiseWells();
@@ -195,6 +199,10 @@ void Simulator::solvePressure(double stepDays)
 void Simulator::assembleCells(double stepDays)
 {
     for (std::size_t cell = 0; cell < pressures_.size(); ++cell) {
+        if (!reservoir_.grid.active[cell]) {
+            system_.addToDiagonal(cell, 1.0); // a row of its own, solved by 0
+            continue;
+        }
         const double storage = referencePoreVolumes_[cell] * reservoir_.rock.compressibility / stepDays;
         system_.addToDiagonal(cell, storage);
         system_.addToRightSide(cell, storage * previousPressures_[cell]);
@@ -204,10 +212,9 @@ void Simulator::assembleCells(double stepDays)
 /// Upstream cells come from the potentials of the last step, so that the system is linear and symmetric.
 void Simulator::assembleFaces()
 {
-    const Grid& grid = reservoir_.grid;
     const Fluids& fluids = reservoir_.fluids;
     forEachFace([&](std::size_t cell, std::size_t neighbour, int d) {
-        const double drop = d == 2 ? grid.dz : 0.0;
+        const double drop = depths_[neighbour] - depths_[cell];
         const double difference = previousPressures_[cell] - previousPressures_[neighbour];
         const double waterHead = gravity * fluids.waterDensity * drop, oilHead = gravity * fluids.oilDensity * drop;
         const double water =
@@ -311,10 +318,9 @@ bool Simulator::switchViolatedControls()
 
 void Simulator::computeFluxes()
 {
-    const Grid& grid = reservoir_.grid;
     const Fluids& fluids = reservoir_.fluids;
     forEachFace([&](std::size_t cell, std::size_t neighbour, int d) {
-        const double drop = d == 2 ? grid.dz : 0.0;
+        const double drop = depths_[neighbour] - depths_[cell];
         const double difference = pressures_[cell] - pressures_[neighbour];
         waterFlux_[d][cell] *= difference + gravity * fluids.waterDensity * drop;
         oilFlux_[d][cell] *= difference + gravity * fluids.oilDensity * drop;
@@ -366,6 +372,8 @@ void Simulator::moveSaturations(double stepDays)
         well.oilTotal += well.oilRate * stepDays;
     }
     for (std::size_t cell = 0; cell < saturations_.size(); ++cell) {
+        if (!reservoir_.grid.active[cell])
+            continue;
         const double before = referencePoreVolumes_[cell] *
                               (1.0 + rock.compressibility * (previousPressures_[cell] - rock.referencePressure));
         saturations_[cell] = (before * saturations_[cell] + stepDays * gain[cell]) / poreVolume(cell);

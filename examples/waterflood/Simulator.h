@@ -63,6 +63,9 @@ public:
 
     double oilFlux(std::size_t cell, int direction) const { return oilFlux_[direction][cell]; }
 
+    /// Cubic metres a day at a viscosity of one centipoise, per bar, through the same face.
+    double transmissibility(std::size_t cell, int direction) const { return transmissibility_[direction][cell]; }
+
 private:
     template <class Action>
     void forEachFace(const Action& action) const;
@@ -88,7 +91,7 @@ private:
 
     Reservoir reservoir_;
     PressureSystem system_;
-    std::vector<double> pressures_, previousPressures_, saturations_, referencePoreVolumes_;
+    std::vector<double> depths_, pressures_, previousPressures_, saturations_, referencePoreVolumes_;
     std::vector<double> waterMobility_, oilMobility_, fractionalFlow_, fractionalFlowSlope_;
     std::vector<double> trend_; ///< change of the pressures a day over the last step
     std::vector<double> transmissibility_[3], waterFlux_[3], oilFlux_[3];

@@ -1,10 +1,9 @@
 #include "SummaryOutput.h"
 
 #include "SummaryVectors.h"
+#include "WriterSettings.h"
 
 #include <mrlio/MrlIO.h>
-
-#include <cmath>
 
 namespace waterflood {
 
@@ -68,32 +67,19 @@ private:
     const Simulator& simulator_;
 };
 
-MrlWriterDefaultParams writerParams(const Options& options)
-{
-    MrlWriterDefaultParams params{};
-    params.overwriteData = params.overwriteSpec = options.overwrite;
-    params.unified = options.unified;
-    return params;
-}
-
-GridSpec gridSpec(const Grid& grid)
-{
-    return {grid.nx, grid.ny, grid.nz, UnitSystemType::METRIC, static_cast<GridSpec::GridType>(0)};
-}
-
 } // namespace
 
 struct SummaryOutput::Impl
 {
     Impl(const Options& options, const Reservoir& reservoir)
         : global(globalVectors(reservoir)),
-          local(options.localGrid ? localVectors(reservoir) : std::vector<SummaryVector>()),
-          writer(options.directory, options.caseName, gridSpec(reservoir.grid), Service::YearMonthDay(2026, 1, 1),
+          local(reservoir.localGrid ? localVectors(reservoir) : std::vector<SummaryVector>()),
+          writer(options.directory, options.caseName, gridSpec(fileGrids(reservoir).front()), startDate(),
                  options.formatted, writerParams(options), true)
     {
         writer.addArraySpec(VectorSpec(global, false));
         if (!local.empty())
-            writer.addArraySpec(localGridName, VectorSpec(local, true));
+            writer.addArraySpec(reservoir.localGrid->name, VectorSpec(local, true));
     }
 
     std::vector<SummaryVector> global, local;
@@ -117,7 +103,7 @@ void SummaryOutput::record(const Simulator& simulator)
     impl_->first = impl_->between = false;
     impl_->writer.writeArray(VectorValues(impl_->global, simulator));
     if (!impl_->local.empty())
-        impl_->writer.writeArray(localGridName, VectorValues(impl_->local, simulator));
+        impl_->writer.writeArray(simulator.reservoir().localGrid->name, VectorValues(impl_->local, simulator));
 }
 
 void SummaryOutput::endReportStep()

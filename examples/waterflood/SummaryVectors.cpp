@@ -6,8 +6,6 @@
 
 namespace waterflood {
 
-const char* const localGridName = "NEAR-P1";
-
 namespace {
 
 constexpr const char* blank = ":+:+:+:+";
@@ -224,11 +222,12 @@ void addRegions(std::vector<SummaryVector>& vectors, const Reservoir& reservoir)
 
 void addBlocks(std::vector<SummaryVector>& vectors, const Reservoir& reservoir)
 {
-    const Grid& grid = reservoir.grid;
-    const int middle = grid.nz / 2;
+    const Well &from = reservoir.wells[refinedWell], &to = reservoir.wells.front();
+    const int middle = reservoir.grid.nz / 2;
     const int steps = 4;
     for (int n = 0; n <= steps; ++n) {
-        const std::size_t cell = grid.cell((grid.nx - 1) * n / (2 * steps), (grid.ny - 1) * n / (2 * steps), middle);
+        const std::size_t cell =
+            reservoir.grid.cell(from.i + (to.i - from.i) * n / steps, from.j + (to.j - from.j) * n / steps, middle);
         vectors.push_back({"BPR", blank, naturalNumber(cell), pressureUnits, "O:Pressure",
                            [cell](const Simulator& s) { return s.pressures()[cell]; }});
         vectors.push_back({"BWSAT", blank, naturalNumber(cell), "", "O:Water_Saturation",
@@ -263,35 +262,34 @@ std::vector<SummaryVector> globalVectors(const Reservoir& reservoir)
 
 std::vector<SummaryVector> localVectors(const Reservoir& reservoir)
 {
-    constexpr std::size_t host = 1;
-    const Well& well = reservoir.wells[host];
-    const Grid grid = reservoir.grid;
+    const Well& well = reservoir.wells[refinedWell];
+    const LocalGrid& local = *reservoir.localGrid;
+    const int middleI = local.middleI(well.i), middleJ = local.middleJ(well.j);
     std::vector<SummaryVector> vectors;
-    for (int local = 1; local <= 3; ++local) {
-        const double offset = (local - 2) / 3.0;
-        SummaryVector block{
-            "LBPR", blank, 0, pressureUnits, "O:Pressure", [=, i = well.i, j = well.j](const Simulator& s) {
-                const double centre = s.pressures()[grid.cell(i, j, 0)];
-                const double slopeX = s.pressures()[grid.cell(i + 1, j, 0)] - centre;
-                const double slopeY = s.pressures()[grid.cell(i, j + 1, 0)] - centre;
-                return centre + offset * (slopeX + slopeY);
-            }};
-        block.localI = block.localJ = local;
+    for (int offset : {-1, 0, 1}) {
+        const std::size_t cell = local.grid.cell(middleI + offset, middleJ + offset, 0);
+        SummaryVector block{"LBPR", blank, 0, pressureUnits, "O:Pressure", [cell](const Simulator& s) {
+                                const auto pressure = [&s](std::size_t host) { return s.pressures()[host]; };
+                                return s.reservoir().localGrid->interpolate(pressure, cell);
+                            }};
+        block.localI = middleI + offset + 1;
+        block.localJ = middleJ + offset + 1;
         block.localK = 1;
         vectors.push_back(std::move(block));
     }
-    for (int k = 0; k < grid.nz; ++k) {
+    for (int k = 0; k < local.grid.nz; ++k) {
         const auto connection = static_cast<std::size_t>(k);
         SummaryVector completion{
             "LCOPR", well.name, 0, rateUnits, "O:Oil_Production_Rate", [connection](const Simulator& s) {
-                return -s.wells()[host].connections[connection].oil;
+                return -s.wells()[refinedWell].connections[connection].oil;
             }};
-        completion.localI = completion.localJ = 2;
+        completion.localI = middleI + 1;
+        completion.localJ = middleJ + 1;
         completion.localK = k + 1;
         vectors.push_back(std::move(completion));
     }
     vectors.push_back({"LWOPR", well.name, 0, rateUnits, "O:Oil_Production_Rate",
-                       [](const Simulator& s) { return s.wells()[host].oilRate; }});
+                       [](const Simulator& s) { return s.wells()[refinedWell].oilRate; }});
     return vectors;
 }
 

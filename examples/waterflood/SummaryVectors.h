@@ -23,10 +23,7 @@ struct SummaryVector
 /// Field, group, well, completion, region, block and performance vectors of the whole grid.
 std::vector<SummaryVector> globalVectors(const Reservoir& reservoir);
 
-/// Well, completion and block vectors of a local grid that refines the column of the second well three by three. The
-/// simulator doesn't refine anything: pressures between cells are interpolated.
+/// Well, completion and block vectors of the local grid, which the reservoir must have.
 std::vector<SummaryVector> localVectors(const Reservoir& reservoir);
-
-extern const char* const localGridName;
 
 } // namespace waterflood

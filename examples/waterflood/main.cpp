@@ -1,5 +1,7 @@
 /// A small reservoir simulator that writes its results through MrlIO as it runs.
 
+#include "CellOutput.h"
+#include "GridOutput.h"
 #include "Options.h"
 #include "Simulator.h"
 #include "SummaryOutput.h"
@@ -16,15 +18,14 @@ using namespace waterflood;
 constexpr double daysAYear = 365.25;
 constexpr double shortestRest = 1e-6; ///< days; anything less at a report step's end is rounding
 
-void simulateReportStep(const Options& options, Simulator& simulator, SummaryOutput& output, double end)
+void simulateUntil(double end, const Options& options, Simulator& simulator, SummaryOutput& summary)
 {
     while (end - simulator.days() > shortestRest) {
         simulator.step(std::min(end - simulator.days(), options.longestStep));
-        output.record(simulator);
+        summary.record(simulator);
         if (options.pace.count() > 0)
             std::this_thread::sleep_for(options.pace);
     }
-    output.endReportStep();
 }
 
 void printProgress(const Simulator& simulator, int reportStep)
@@ -35,16 +36,30 @@ void printProgress(const Simulator& simulator, int reportStep)
     std::fflush(stdout);
 }
 
+Reservoir makeReservoir(const Options& options)
+{
+    Reservoir reservoir = makeFiveSpot(options.nx, options.ny, options.nz, options.seed);
+    if (options.localGrid)
+        reservoir.localGrid = makeLocalGrid(reservoir);
+    return reservoir;
+}
+
 void run(const Options& options)
 {
-    Simulator simulator(makeFiveSpot(options.nx, options.ny, options.nz, options.seed));
-    SummaryOutput output(options, simulator.reservoir());
-    output.record(simulator);
+    Simulator simulator(makeReservoir(options));
+    SummaryOutput summary(options, simulator.reservoir());
+    writeGridFile(options, simulator.reservoir());
+    const auto cells = options.randomOrder ? makeRandomOrderOutput(options) : makeSequentialOutput(options);
+    cells->writeInitial(simulator);
+    cells->writeStep(simulator, 0);
+    summary.record(simulator);
     const double end = options.years * daysAYear;
     int reportStep = 0;
     do {
         ++reportStep;
-        simulateReportStep(options, simulator, output, std::min(end, reportStep * options.reportDays));
+        simulateUntil(std::min(end, reportStep * options.reportDays), options, simulator, summary);
+        cells->writeStep(simulator, reportStep); // whoever sees the summary's step finds the cells' step, too
+        summary.endReportStep();
         printProgress(simulator, reportStep);
     } while (end - simulator.days() > shortestRest);
 }
