@@ -343,6 +343,28 @@ TEST_F(SectionTest, ASecondWriterOfTheCaseDoesntGetTheTemporaryFile)
     EXPECT_EQ(KeywordFile(folder.file("CASE.INIT"), false).occurrences("PORO"), 1u);
 }
 
+TEST_F(SectionTest, ANameThatCloseHasSetFreeMayBelongToAnotherProcess)
+{
+    struct OtherProcess : HeaderEntries
+    {
+        void getIntegerHeader(const std::string& gridName, std::map<int, int>&) const override
+        {
+            if (gridName == "A") // the section of the global grid is in the data file by now
+                writeBytes(section, "new");
+        }
+
+        std::string section;
+    } other;
+    other.section = folder.file("CASE_FFM.tmp");
+    InitWriter writer = initWriter();
+    writer.setRestartHeaderInfoCallback(&other);
+    declareGrids(writer);
+    writer.open();
+    writeGlobal(writer.getPropertyWriter(porv24));
+    writer.close(0);
+    EXPECT_EQ(readBytes(other.section), "new");
+}
+
 TEST_F(SectionTest, AFailedCloseEndsTheStepAndTheNextOneIsSound)
 {
     RestartWriter writer = restartWriter({});

@@ -65,6 +65,14 @@ double valueIn(const FileGrid& grid, const CellProperty& property, const Simulat
     return valueOfHost(grid.local->hosts[cell]) / parts;
 }
 
+std::list<CellValues<float>> poreVolumesOf(const std::vector<FileGrid>& grids, const Simulator& simulator)
+{
+    std::list<CellValues<float>> porv;
+    for (const FileGrid& grid : grids)
+        porv.push_back(valuesOf<float>(grid, poreVolumes, simulator));
+    return porv;
+}
+
 float transmissibility(const LocalFace& face, const Simulator& simulator)
 {
     return static_cast<float>(simulator.transmissibility(face.ownerOfWhole, face.direction) / LocalGrid::refinement);

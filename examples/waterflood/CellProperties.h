@@ -5,6 +5,7 @@
 #include <mrlio/MrlIO.h>
 
 #include <functional>
+#include <list>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -87,6 +88,9 @@ CellValues<T> valuesOf(const FileGrid& grid, const CellProperty& property, const
     return {grid.cells->cellCount(),
             [&](std::size_t cell) { return static_cast<T>(valueIn(grid, property, simulator, cell)); }};
 }
+
+/// The pore volumes of all grids: a writer uses them until it is closed, so each stays where it is.
+std::list<CellValues<float>> poreVolumesOf(const std::vector<FileGrid>& grids, const Simulator& simulator);
 
 /// The transmissibility of a local grid's outer face: its share of the face between the host and the neighbour.
 float transmissibility(const LocalFace& face, const Simulator& simulator);

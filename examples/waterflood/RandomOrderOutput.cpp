@@ -2,8 +2,6 @@
 #include "WellTables.h"
 #include "WriterSettings.h"
 
-#include <list>
-
 namespace waterflood {
 
 namespace {
@@ -12,15 +10,6 @@ using namespace Kvt::Mrl::MrlIO;
 
 constexpr int usualBuffer = 0;
 constexpr int countActiveCells = -1;
-
-/// The pore volumes of all grids: a writer uses them until it is closed, so each stays where it is.
-std::list<CellValues<float>> poreVolumesOf(const std::vector<FileGrid>& grids, const Simulator& simulator)
-{
-    std::list<CellValues<float>> porv;
-    for (const FileGrid& grid : grids)
-        porv.push_back(valuesOf<float>(grid, poreVolumes, simulator));
-    return porv;
-}
 
 class RandomOrderOutput : public CellOutput
 {

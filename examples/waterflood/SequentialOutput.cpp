@@ -66,6 +66,8 @@ public:
     void writeInitial(const Simulator& simulator) override
     {
         const std::vector<FileGrid> grids = fileGrids(simulator.reservoir());
+        const std::list<CellValues<float>> porv = poreVolumesOf(grids, simulator);
+        auto volumes = porv.begin();
         SequentialInitWriter writer(options_.directory, options_.caseName, startDate(), {}, options_.formatted,
                                     writerParams(options_), false);
         writer.setRestartHeaderInfoCallback(&headerValues_);
@@ -74,8 +76,7 @@ public:
         writer.open(usualBuffer);
         writer.sequenceStart();
         for (const FileGrid& grid : grids) {
-            const CellValues<float> porv = valuesOf<float>(grid, poreVolumes, simulator);
-            writer.sequenceStartGrid(grid.name, porv, countActiveCells);
+            writer.sequenceStartGrid(grid.name, *volumes++, countActiveCells);
             writeByLayers(writer, grid, poreVolumes, simulator);
             writeProperties(*writer.sequenceGetCurrentGridWriter(), grid, initialProperties(), simulator);
             writer.sequenceEndGrid();
@@ -89,14 +90,15 @@ public:
     void writeStep(const Simulator& simulator, int reportStep) override
     {
         const std::vector<FileGrid> grids = fileGrids(simulator.reservoir());
+        const std::list<CellValues<float>> porv = poreVolumesOf(grids, simulator);
+        auto volumes = porv.begin();
         for (const FileGrid& grid : grids)
             restart_.addGridSpec(gridSpec(grid));
         restart_.open(reportStep, simulator.days(), usualBuffer);
         writeWells(restart_, simulator);
         restart_.sequenceStart();
         for (const FileGrid& grid : grids) {
-            const CellValues<float> porv = valuesOf<float>(grid, poreVolumes, simulator);
-            restart_.sequenceStartGrid(grid.name, porv, countActiveCells);
+            restart_.sequenceStartGrid(grid.name, *volumes++, countActiveCells);
             writeProperties(*restart_.sequenceGetCurrentGridWriter(), grid, stepProperties(), simulator);
             restart_.sequenceEndGrid();
         }

@@ -30,9 +30,9 @@ class SectionWriterImpl;
 ///     writer.getPropertyWriter(porv).write("PORO", poro, true);
 ///     writer.close(0);
 ///
-/// A data file is continued unless params.overwriteData gives it away, and an index file unless params.overwriteSpec
-/// does: its old rows then stay in front of the new ones. Both permissions are spent when they are used. Without close
-/// nothing reaches the files.
+/// open refuses to replace a data file unless params.overwriteData gives it away. An index file is continued unless
+/// params.overwriteSpec gives it away: its old rows then stay in front of the new ones. Both permissions are spent when
+/// they are used, which is at close. Without close nothing reaches the files.
 ///
 /// Two writers of one case can't be open at the same time: their temporary files have the same names, and the second
 /// writer fails when it opens one, after 27.5 seconds of trying.
@@ -89,8 +89,9 @@ public:
     ///
     /// porv, rockv   volumes of the cells, by which they are active; must live until close
     /// throws        std::runtime_error if the writer is closed or the temporary file can't be opened;
-    ///               std::invalid_argument if the grid is not declared, the volumes don't fit it, or its temporary file
-    ///               would be that of another grid (FFM beside the global grid; A_NNC beside the connections of A)
+    ///               std::invalid_argument if the grid is not declared, the volumes don't fit it, there is a slash in
+    ///               its name, or its temporary file would be that of another grid (FFM beside the global grid; A_NNC
+    ///               beside the connections of A)
     IGridPropertyWriter& getPropertyWriter(const IGridPropertyArray<float>& porv) const;
     IGridPropertyWriter& getPropertyWriter(const IGridPropertyArray<float>& porv,
                                            const IGridPropertyArray<float>& rockv) const;

@@ -43,9 +43,9 @@ class SequentialRestartWriterImpl;
 /// (sequenceStartSolutionArray, sequenceWriteSolutionValues, sequenceEndSolutionArray), or by the grid's own writer,
 /// which compares them with the grid and can leave inactive cells out.
 ///
-/// An existing data file is continued, behind what it holds, unless params.overwriteData gives it away, and so is an
-/// existing index file unless params.overwriteSpec does: its old rows then stay in front of the new ones. Both
-/// permissions are spent when they are used.
+/// open refuses to replace a data file unless params.overwriteData gives it away. An index file is continued unless
+/// params.overwriteSpec gives it away: its old rows then stay in front of the new ones. Both permissions are spent when
+/// they are used.
 ///
 /// Nothing is written to a temporary place: after a run that failed the data file ends within a grid and the index file
 /// at the grid before it. close is possible after any failure.

@@ -17,7 +17,7 @@ struct GridContent
 {
     GridLayout layout;
     SpecStatsData rows;                          ///< one per array that is there
-    std::shared_ptr<StreamSection> section;      ///< where writer writes to
+    std::shared_ptr<StreamSection> section;      ///< where writer writes to; null when it has gone into the data file
     std::unique_ptr<IGridPropertyWriter> writer; ///< adds to rows; null for a grid without volumes
 };
 

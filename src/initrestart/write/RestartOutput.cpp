@@ -56,7 +56,7 @@ bool RestartOutput::openIndex()
         return false;
     const bool isNew = mayOverwriteIndex_ || !indexFile_.FileExists();
     open(index_, indexFile_, isNew, "Problem encountered at restart spec stream when opening file : ");
-    mayOverwriteIndex_ = mayOverwriteIndex_ && !isNew;
+    mayOverwriteIndex_ = false;
     return isNew;
 }
 
