@@ -1,5 +1,6 @@
 #include "support/SummaryCase.h"
 #include "support/SummaryWriterHelpers.h"
+#include "support/Threads.h"
 
 #include <mrlio/CaseFileFinder.h>
 #include <mrlio/FileFinders.h>
@@ -13,10 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <barrier>
-#include <exception>
 #include <functional>
-#include <thread>
 
 namespace {
 
@@ -27,22 +25,9 @@ using Kvt::Mrl::Core::Service::Log;
 constexpr int threadCount = 4;
 constexpr int rounds = 8;
 
-/// Runs the work on several threads that start at once, with the number of each. An exception fails the test.
 void onThreads(const std::function<void(int)>& work)
 {
-    std::barrier start(threadCount);
-    std::vector<std::thread> threads;
-    for (int number = 0; number < threadCount; ++number)
-        threads.emplace_back([&, number] {
-            start.arrive_and_wait();
-            try {
-                work(number);
-            } catch (const std::exception& failure) {
-                ADD_FAILURE() << "thread " << number << ": " << failure.what();
-            }
-        });
-    for (std::thread& thread : threads)
-        thread.join();
+    MrlIOTest::onThreads(threadCount, work);
 }
 
 /// First of all, so that each thread may be the first user of the tables.

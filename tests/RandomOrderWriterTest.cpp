@@ -355,6 +355,7 @@ TEST_F(SectionTest, ANameThatCloseHasSetFreeMayBelongToAnotherProcess)
 
         std::string section;
     } other;
+
     other.section = folder.file("CASE_FFM.tmp");
     InitWriter writer = initWriter();
     writer.setRestartHeaderInfoCallback(&other);

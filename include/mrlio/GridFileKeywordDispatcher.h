@@ -53,6 +53,7 @@ public:
     virtual void processKeywordHeader(const KeywordHeader& header);
 
 /// An operation for each row of MRLIO_GRID_KEYWORDS, from GridLGRILG to EGridFILEHEAD.
+// NOLINTNEXTLINE(bugprone-macro-parentheses): a class can't stand in parentheses
 #define MRLIO_GRID_OPERATION(Record, keyword, valueType, count, form) virtual void processKeyword(Record& record);
     MRLIO_GRID_KEYWORDS(MRLIO_GRID_OPERATION)
 #undef MRLIO_GRID_OPERATION

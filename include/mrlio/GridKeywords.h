@@ -44,6 +44,7 @@ MRLIO_GRID_KEYWORDS(MRLIO_GRID_TRAITS)
 MRLIO_GRID_KEYWORD_VARIANTS(MRLIO_GRID_TRAITS)
 
 // One macro for each form of a row. Records of the form Own are written out further down.
+// NOLINTNEXTLINE(bugprone-macro-parentheses): a name that is declared can't stand in parentheses
 #define MRLIO_GRID_Plain(Record) using Record = ConcreteKeyword<Record##_traits>;
 #define MRLIO_GRID_Named(Record)                                                                                       \
     class MRLIO_EXPORT Record : public ConcreteKeyword<Record##_traits>                                                \

@@ -34,8 +34,9 @@ class SectionWriterImpl;
 /// params.overwriteSpec gives it away: its old rows then stay in front of the new ones. Both permissions are spent when
 /// they are used, which is at close. Without close nothing reaches the files.
 ///
-/// Two writers of one case can't be open at the same time: their temporary files have the same names, and the second
-/// writer fails when it opens one, after 27.5 seconds of trying.
+/// Only one writer of a case may be open at a time, since the temporary files of a second one have the same names. In
+/// one process that one fails when it opens such a file, after 27.5 seconds of trying; writers in two processes are kept
+/// apart only while an array is being written, and spoil each other's files between two arrays.
 ///
 /// Pore volumes, rock volumes and the header callback must live until close. One thread at a time.
 class MRLIO_EXPORT InitWriter

@@ -78,8 +78,8 @@ public:
     /// The grid properties of a step, with one value per cell. Null where rawData is.
     const IPropertyDataAccess* propertyData(int index);
 
-    /// When the step was; default values for an invalid index and where the data don't tell. Both are midnight or none
-    /// if the index file has a date and no time of day: the data aren't asked for the rest.
+    /// When the step was; default values for an invalid index and where the data don't tell. The data are asked only if
+    /// the index has no date: with a date and no time of day in the index, the time is midnight.
     const Service::YearMonthDay& date(int index);
     const Service::HourMinuteSecondMillisecond& time(int index);
 
