@@ -57,6 +57,17 @@ std::string initBytes()
         .bytes();
 }
 
+/// In place of pore volumes.
+class Activities : public Kvt::Mrl::MrlIO::ICellActivitiesSource
+{
+public:
+    bool getCellActivities(std::vector<bool>& out, const std::string& lgr, bool fracture) const override
+    {
+        out = lgr.empty() ? std::vector<bool>{true, false, true, true, false, true} : std::vector<bool>{true, true};
+        return !fracture;
+    }
+};
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -75,6 +86,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         soundInit->read(initFile, false, "", "");
         const auto reader = RestartReader::create(2);
         reader->read({restartFile}, false, specFile, soundInit, nullptr);
+        RestartCheck(restart.size(), false).run(*reader);
+    });
+    succeeds([&] {
+        const Activities activities;
+        const auto reader = RestartReader::create();
+        reader->read({restartFile}, false, specFile, nullptr, &activities);
         RestartCheck(restart.size(), false).run(*reader);
     });
     succeeds([&] {

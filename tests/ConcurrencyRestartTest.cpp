@@ -7,12 +7,14 @@
 #include <mrlio/HiddenRestartProps.h>
 #include <mrlio/InitRestartReaderBuilders.h>
 #include <mrlio/InitWriter.h>
-#include <mrlio/MrlIOException.h>
+#include <mrlio/MorvaneReaderUtils.h>
 #include <mrlio/RestartWriter.h>
 #include <mrlio/SequentialRestartWriter.h>
+#include <mrlio/service/Exception.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 
 namespace {
@@ -87,10 +89,10 @@ public:
         }
     }
 
-    void appendStepsInSequence() const
+    void appendSteps(int last) const
     {
         SequentialRestartWriter writer(directory_, "CASE", start, {}, false, params_, false, false);
-        for (int step = 1; step <= steps; ++step) {
+        for (int step = 1; step <= last; ++step) {
             writer.addGridSpec(grids_.front());
             writer.open(step, step, 0);
             writer.sequenceStart();
@@ -178,7 +180,8 @@ TEST(ConcurrencyRestart, SeparateCasesAreWrittenAndRead)
             own.writeInit(number % 2 == 1);
             own.writeSteps(number % 2 == 1);
             own.expectWhole(*own.read());
-            EXPECT_EQ(fileNames(folder).find('~'), std::string::npos);
+            EXPECT_EQ(fileNames(folder), number % 2 == 1 ? "CASE.FINIT CASE.FINSPEC CASE.FRSSPEC CASE.FUNRST"
+                                                         : "CASE.INIT CASE.INSPEC CASE.RSSPEC CASE.UNRST");
         }
     });
 }
@@ -207,38 +210,36 @@ TEST(ConcurrencyRestart, OneCaseServesManyReaders)
 /// values than those of the step.
 TEST(ConcurrencyRestart, CaseIsReadWhileStepsAreAppended)
 {
+    constexpr int last = 100;
     const TempDir folder;
     const NumberedCase growing(folder.path(), 3);
-    std::atomic<bool> isWritten{false};
-    const auto readOnce = [&](bool byIndex) {
-        const auto reader = RestartReader::create();
-        try {
-            reader->read({folder.file("CASE.UNRST")}, false, byIndex ? folder.file("CASE.RSSPEC") : "", nullptr,
-                         nullptr);
-            EXPECT_LE(reader->maxIndex(), NumberedCase::steps);
-            for (int step = std::max(1, reader->minIndex()); step <= reader->maxIndex(); ++step) {
-                std::vector<float> pressures;
-                if (reader->isValidIndex(step) && reader->rawData(step)->getAnyArray("PRESSURE", pressures))
-                    growing.expectStep(*reader, step);
-            }
-        } catch (const RestartReaderException&) {
-        } catch (const MrlIOException&) {}
-    };
-    onThreads(threadCount, [&](int number) {
-        if (number == 0) {
-            for (int round = 0; round < rounds; ++round)
-                growing.appendStepsInSequence();
-            isWritten = true;
-        }
-        while (!isWritten)
-            readOnce(number % 2 == 0);
-    });
-    for (const bool byIndex : {false, true}) {
+    const auto read = [&](bool byIndex) {
         const auto reader = RestartReader::create();
         reader->read({folder.file("CASE.UNRST")}, false, byIndex ? folder.file("CASE.RSSPEC") : "", nullptr, nullptr);
-        EXPECT_EQ(reader->maxIndex(), NumberedCase::steps);
-        growing.expectStep(*reader, NumberedCase::steps);
-    }
+        EXPECT_LE(reader->maxIndex(), last);
+        for (int step = std::max(1, reader->minIndex()); step <= reader->maxIndex(); ++step) {
+            std::vector<float> saturations; // which come last, and may not stand in the file yet
+            if (reader->isValidIndex(step) && reader->rawData(step)->getAnyArray("SWAT", saturations))
+                growing.expectStep(*reader, step);
+        }
+        return reader->maxIndex();
+    };
+    std::atomic<bool> isWritten{false};
+    onThreads(threadCount, [&](int number) {
+        if (number == 0) {
+            growing.appendSteps(last);
+            isWritten = true;
+        }
+        for (int reading = 0; !isWritten && reading < 10000; ++reading) {
+            try {
+                read(number % 2 == 0);
+            } catch (const Service::Exception&) {
+                // Told of a cut file.
+            }
+        }
+    });
+    for (const bool byIndex : {false, true})
+        EXPECT_EQ(read(byIndex), last);
 }
 
 } // namespace

@@ -27,9 +27,9 @@ public:
             grid_.clear();
         else if (name == "INTEHEAD")
             take(reader, header, &GridHeaders::intehead);
-        else if (name == "LOGIHEAD")
+        else if (name == "LOGIHEAD" && grid_.empty())
             take(reader, header, &GridHeaders::logihead);
-        else if (name == "DOUBHEAD")
+        else if (name == "DOUBHEAD" && grid_.empty())
             take(reader, header, &GridHeaders::doubhead);
         else
             return true;
