@@ -3,6 +3,7 @@
 #include "core/RecordLayout.h"
 #include "core/ValueTypeLayout.h"
 #include "service/ByteOrder.h"
+#include "service/FileStream.h"
 
 #include <mrlio/service/Namespaces.h>
 
@@ -30,19 +31,25 @@ void storeText(char* field, std::string_view text, std::size_t width)
     std::memset(field + used, ' ', width - used);
 }
 
-/// Cuts the values into blocks and writes each as one record, filled on the stack and handed to the stream in one
-/// piece. encode(to, block) stores a block's values and gives the number of bytes.
+/// Cuts the values into blocks and writes each as one record, in one piece: made in the buffer of the stream where that
+/// is ours and has room, else on the stack. encode(to, block) stores a block's values and gives the number of bytes.
 template <std::size_t blockLength, std::size_t longestElement, class T, class Encode>
 bool writeRecords(std::ostream& stream, std::span<const T> values, Encode encode)
 {
-    std::array<char, blockLength * longestElement + 2 * markLength> record;
-    char* const data = record.data() + markLength;
+    auto* const file = dynamic_cast<Service::FileStreamBuf*>(stream.rdbuf());
+    std::array<char, blockLength * longestElement + 2 * markLength> ownRecord;
     while (!values.empty() && stream.good()) {
         const auto block = values.first(std::min(values.size(), blockLength));
+        char* const room = file != nullptr ? file->room(ownRecord.size()) : nullptr;
+        char* const record = room != nullptr ? room : ownRecord.data();
+        char* const data = record + markLength;
         const std::size_t length = encode(data, block);
-        ByteOrder::storeInt32(record.data(), static_cast<std::int32_t>(length));
+        ByteOrder::storeInt32(record, static_cast<std::int32_t>(length));
         ByteOrder::storeInt32(data + length, static_cast<std::int32_t>(length));
-        stream.write(record.data(), static_cast<std::streamsize>(length + 2 * markLength));
+        if (room != nullptr)
+            file->accept(length + 2 * markLength);
+        else
+            stream.write(record, static_cast<std::streamsize>(length + 2 * markLength));
         values = values.subspan(block.size());
     }
     return stream.good();

@@ -62,6 +62,13 @@ public:
     /// system refuses.
     bool truncateTo(std::int64_t length);
 
+    /// Room for the next count bytes in the buffer itself, for those who would otherwise make them elsewhere and have
+    /// them copied; null if there isn't so much at the moment. What is put there counts from accept(count) on, which is
+    /// the very next thing to call.
+    char* room(std::size_t count);
+
+    void accept(std::size_t count) { pbump(static_cast<int>(count)); }
+
     /// Writes the next count bytes of source, which the system copies from file to file where it can. Both positions end
     /// behind what was copied. False if source holds less, or can't be read or written.
     bool copyFrom(FileStreamBuf& source, std::int64_t count);

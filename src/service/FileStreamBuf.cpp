@@ -230,6 +230,12 @@ std::streamsize FileStreamBuf::xsputn(const char* bytes, std::streamsize count)
     return done;
 }
 
+char* FileStreamBuf::room(std::size_t count)
+{
+    const bool hasRoom = startWriting() && static_cast<std::size_t>(epptr() - pptr()) >= count;
+    return hasRoom ? pptr() : nullptr;
+}
+
 bool FileStreamBuf::copyFrom(FileStreamBuf& source, std::int64_t count)
 {
     if (!source.isOpen() || !source.flush() || !startWriting() || !flush())
