@@ -1,6 +1,7 @@
 /// How much memory does each kind of read take at its peak, beyond its result? Each one runs in a process of its own.
 
 #include "Floor.h"
+#include "RestartCase.h"
 #include "SummaryCase.h"
 
 #include <mrlio/MrlIO.h>
@@ -107,6 +108,7 @@ double walk(const std::string& path)
 
 constexpr int fewVectors = 20, manyVectors = 300'000;
 constexpr int manySteps = 100'000;
+constexpr int restartSteps = 10'000;
 
 class Spec : public ISummaryVectorArraySpec
 {
@@ -222,6 +224,38 @@ void measureOpening()
     }
 }
 
+std::shared_ptr<RestartReader> openSteps(const std::string& specFile)
+{
+    auto reader = RestartReader::create();
+    reader->read({stepsCase(restartSteps).dataFile}, false, specFile, nullptr, nullptr);
+    return reader;
+}
+
+/// A property of a grid of which half the cells are active: the reader keeps the active values until it is told not to.
+double readProperty(RestartReader& reader, const char* name)
+{
+    std::vector<float> values;
+    if (!reader.propertyData(0)->getAnyArray(name, values))
+        return 0.0;
+    return static_cast<double>(values.size() * sizeof(float)) + 0.5 * HalfActiveCase::cells * sizeof(float);
+}
+
+void measureRestart()
+{
+    const std::string specFile = stepsCase(restartSteps).specFile;
+    measure("10,000 report steps of 20 arrays, by spec file",
+            [&] { return keptBy([&] { return openSteps(specFile); }); });
+    measure("10,000 report steps of 20 arrays, by scan", [] { return keptBy([] { return openSteps(""); }); });
+    const HalfActiveCase& half = halfActiveCase(true);
+    const auto init = InitReader::create();
+    init->read(half.initFile, false, half.initSpecFile, "");
+    const auto reader = RestartReader::create();
+    reader->read({half.dataFile}, false, half.specFile, init, nullptr);
+    measure(
+        "property of 4 million cells, half of them active", [&] { readProperty(*reader, "SWAT"); },
+        [&] { return readProperty(*reader, "PRESSURE"); });
+}
+
 } // namespace
 
 int main()
@@ -229,5 +263,6 @@ int main()
     measureArrays();
     measureVectors();
     measureOpening();
+    measureRestart();
     return 0;
 }
