@@ -233,6 +233,31 @@ TEST(GridFileKeywordDispatcher, ExceptionsPassAndLeaveTheReaderKnown)
     EXPECT_THROW(contents.getReader(), std::invalid_argument);
 }
 
+TEST(GridFileKeywordDispatcher, DamagesAnywhereGiveTheReadersExceptionsAlone)
+{
+    const TempDir dir;
+    KeywordFileBuilder file;
+    file.keyword("MAPUNITS", {"METRES"})
+        .keyword("LGRILG", std::vector<int>(11))
+        .keyword("CORNERS", std::vector<float>(24));
+    file.keyword("ZCORN", std::vector<float>(16)).keyword("HOSTNUM", {1, 2, 3}).keyword("ENDGRID", std::vector<int>());
+    for (std::size_t place = 0; place < file.bytes().size(); place += 3) {
+        KeywordFileBuilder flipped = file;
+        flipped.setByte(place, file.bytes()[place] ^ (place % 2 == 0 ? 0x80 : 0x11));
+        for (const KeywordFileBuilder& damaged : {flipped, KeywordFileBuilder(file).cutTail(place)}) {
+            const auto reader = readerOf(dir, damaged);
+            Contents contents;
+            try {
+                if (reader != nullptr)
+                    contents.processFile(reader.get());
+            } catch (const MrlIOException&) {
+                EXPECT_FALSE(contents.isFinished) << place;
+            }
+            EXPECT_LE(contents.reals["ZCORN"].size() + contents.numbers["HOSTNUM"].size(), file.bytes().size());
+        }
+    }
+}
+
 namespace {
 
 void writeGrids(KeywordWriter writer, const std::vector<float>& depths)

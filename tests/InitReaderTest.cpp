@@ -192,6 +192,29 @@ TEST_F(InitReaderFixture, TakesUnsoundDimensionsForNone)
     }
 }
 
+TEST_F(InitReaderFixture, TellsOfHeadersThatHoldTooLittleOrUnknownCodes)
+{
+    scan(ReaderCase().heads({.units = 9, .phases = -1}));
+    EXPECT_EQ(static_cast<int>(reader_->unitSystem()), 4);
+    EXPECT_EQ(static_cast<int>(reader_->phases()), 7);
+
+    ReaderCase files;
+    files.heads({.words = 14}).solution("PORV", Floats(8, 1.0F)).endSection();
+    files.data.writeTo(initFile_);
+    files.index.writeTo(dir_.file("CASE.INSPEC"));
+    reader_->read(initFile_, false, dir_.file("CASE.INSPEC"), "");
+    for (int attempt : {1, 2}) {
+        try {
+            reader_->numCells();
+            ADD_FAILURE() << attempt;
+        } catch (const RestartReaderException& fault) {
+            EXPECT_STREQ(fault.what(), "INTEHEAD keyword contains less than 15 values");
+        }
+    }
+    Floats porv;
+    EXPECT_TRUE(reader_->rawData()->getAnyArray("PORV", porv)) << "arrays need no header";
+}
+
 TEST_F(InitReaderFixture, KnowsWhatItWasNotGiven)
 {
     EXPECT_EQ(reader_->rawData(), nullptr);

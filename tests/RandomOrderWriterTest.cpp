@@ -395,6 +395,39 @@ TEST_F(SectionTest, AFailedCloseEndsTheStepAndTheNextOneIsSound)
     EXPECT_EQ(KeywordFile(folder.file("CASE.RSSPEC"), false).occurrences("INTEHEAD"), 1u);
 }
 
+TEST_F(SectionTest, AVanishedDirectoryAndAFullDiskEndTheStepOnly)
+{
+    setRetryWait([](std::chrono::milliseconds) {});
+    MrlWriterDefaultParams params;
+    params.unified = true;
+    RestartWriter writer = restartWriter(params);
+    declareGrids(writer);
+    writer.open(1, 1.0);
+    writeGlobal(writer.getSolutionWriter(porv24));
+    std::filesystem::remove_all(folder.path());
+    EXPECT_NE(textOf<std::runtime_error>([&] { writeLocal(writer.getSolutionWriter("A", porv4, -1)); }), "");
+    EXPECT_NE(textOf<std::runtime_error>([&] { writer.close(0); }), "");
+    setRetryWait(nullptr);
+
+    std::filesystem::create_directory(folder.path());
+    std::filesystem::create_symlink("/dev/full", folder.file("CASE.UNRST"));
+    declareGrids(writer);
+    writer.open(2, 2.0);
+    writeGlobal(writer.getSolutionWriter(porv24));
+    EXPECT_EQ(textOf<std::runtime_error>([&] { writer.close(0); }),
+              "Problem encountered adding a section to file : " + folder.file("CASE.UNRST"));
+    EXPECT_EQ(fileNames(folder), "CASE.UNRST") << "no temporary file stays, and no row of what isn't there";
+
+    std::filesystem::remove(folder.file("CASE.UNRST"));
+    declareGrids(writer);
+    writer.open(3, 3.0);
+    writeGlobal(writer.getSolutionWriter(porv24));
+    writer.close(0);
+    EXPECT_EQ(fileNames(folder), "CASE.RSSPEC CASE.UNRST");
+    EXPECT_TRUE(KeywordFile(folder.file("CASE.UNRST"), false)
+                    .hasAll(KeywordFile(folder.file("CASE.RSSPEC"), false).sections()));
+}
+
 TEST_F(SectionTest, AnOpenWriterThatGoesLeavesNoFile)
 {
     {

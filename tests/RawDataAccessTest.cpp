@@ -3,6 +3,7 @@
 
 #include <mrlio/MrlIOException.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -149,6 +150,23 @@ TEST(RawDataAccess, RefusesRowsThatDisagreeWithTheFile)
         EXPECT_EQ(failure<bool>(access, "SWAT").substr(0, told.size()), told) << "before any conversion";
         EXPECT_EQ(read<float>(access, "SGAS"), std::vector<float>{1.0f}) << "the access survives";
     }
+}
+
+TEST(RawDataAccess, NoticesThatTheFileWasReplaced)
+{
+    StepFile file;
+    file.add("SGAS", {1.0f}).add("SWAT", {1.0f, 2.0f});
+    const RawDataAccess access = file.access();
+    const std::pair<const char*, KeywordFileBuilder> others[] = {
+        {"shorter arrays in front", KeywordFileBuilder().keyword("SWAT", {1.0f, 2.0f})},
+        {"fewer elements", KeywordFileBuilder().keyword("SGAS", {1.0f}).keyword("SWAT", {1.0f})},
+        {"another type", KeywordFileBuilder().keyword("SGAS", {1.0f}).keyword("SWAT", {1, 2})}};
+    for (const auto& [what, content] : others) {
+        content.writeTo(file.path());
+        EXPECT_THAT(failure<float>(access, "SWAT"), testing::HasSubstr(": fails to read array SWAT from ")) << what;
+    }
+    KeywordFileBuilder().keyword("SGAS", {1.0f}).keyword("SWAT", {3.0f, 4.0f}).writeTo(file.path());
+    EXPECT_EQ(read<float>(access, "SWAT"), (std::vector<float>{3.0f, 4.0f})) << "a case of the same layout";
 }
 
 TEST(RawDataAccess, TellsWhyAFileGivesNoReader)

@@ -250,6 +250,68 @@ TEST_P(RestartReaderFixture, TakesWhatTheIndexKnowsWithoutTheData)
     EXPECT_THROW(pressure(*reader, 3), RestartReaderException);
 }
 
+/// Asks for all that depends on what the files hold.
+void askEverything(RestartReader& reader, std::size_t mostElements)
+{
+    reader.phases();
+    for (int i = reader.minIndex(), asked = 0; i <= reader.maxIndex() && asked < 3; ++i, ++asked) {
+        if (!reader.isValidIndex(i))
+            continue;
+        reader.date(i);
+        reader.time(i);
+        for (const char* lgr : {"", "A"}) {
+            Floats values;
+            for (const std::string& name : reader.propertyData(i)->properties(lgr).names())
+                reader.propertyData(i)->getAnyArray(name, values, lgr);
+            for (const std::string& name : reader.rawData(i)->arrays(lgr).names) {
+                try {
+                    reader.rawData(i)->getAnyArray(name, values, lgr);
+                } catch (const MrlIOException&) {
+                    continue; // texts, or damaged
+                }
+                EXPECT_LE(values.size(), mostElements) << name;
+            }
+        }
+    }
+}
+
+TEST_P(RestartReaderFixture, DamagesAnywhereGiveTheLibrarysExceptionsAlone)
+{
+    KeywordFileBuilder data(GetParam());
+    for (const int number : {1, 2}) {
+        data.keyword("SEQNUM", {number}).keyword("INTEHEAD", GridHead{.active = 3, .words = 67}.intehead());
+        data.logicals("LOGIHEAD", GridHead().logihead()).keyword("SWAT", {1.0F, 2.0F, 3.0F}).keyword("LGR", {"A"});
+        data.keyword("INTEHEAD", GridHead{.nx = 1, .words = 67}.intehead()).keyword("SWAT", Floats(4));
+        data.keyword("ENDLGR", std::vector<int>());
+    }
+    data.writeTo(unified());
+    const auto init = initReader({1, 0, 1, 0, 1, 0, 0, 0}, {.active = 3});
+    ASSERT_EQ(read({unified()}, specFile())->maxIndex(), 2); // which writes the index
+    const auto ask = [&](const std::string& spec, std::size_t size) {
+        try {
+            askEverything(*read({unified()}, spec, init), size);
+        } catch (const Service::Exception&) {
+            // Any other one ends the test.
+        }
+    };
+    askEverything(*read({unified()}, specFile(), init), data.bytes().size());
+    const std::size_t stride = formatted() ? 53 : 17; // each place takes some milliseconds
+    for (const std::string& file : {unified(), specFile()}) {
+        const std::string sound = readBytes(file);
+        for (std::size_t place = 0; place < sound.size(); place += stride) {
+            std::string bytes = sound;
+            bytes[place] = static_cast<char>(bytes[place] ^ (place % 2 == 0 ? 0x80 : 0x11));
+            for (const std::string& content : {bytes, sound.substr(0, place)}) {
+                writeBytes(file, content);
+                ask(specFile(), data.bytes().size());
+                if (file == unified())
+                    ask("", data.bytes().size());
+            }
+        }
+        writeBytes(file, sound);
+    }
+}
+
 TEST_P(RestartReaderFixture, HasNoStepAfterAFailedRead)
 {
     ReaderCase files(GetParam());

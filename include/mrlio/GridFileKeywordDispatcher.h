@@ -28,11 +28,13 @@ namespace Kvt::Mrl::MrlIO {
 /// still be called by the walk, but no longer be found on the derived class; compilers warn of that.
 ///
 /// Keywords of a fixed, small number of items (heads, units, axes) come with their data; where number or type in the
-/// file is wrong or the data can't be read, logError is told instead and the walk goes on. All other keywords come as
-/// the file has them, unchecked and with an empty array: call readData from within the operation for those whose data
-/// are wanted. Of the keywords with two records the dispatcher gives the Grid one, whose connections count from 0. All
-/// local grids come as EGridLGR; if the file has a long name there, the record's header says so by its type, C0nn, and
-/// readData reads it whole.
+/// file is wrong, or the reader gives false for the data, logError is called instead and the walk goes on. (The readers
+/// of this library throw for damaged data, which ends the walk.) All other keywords come as the file has them, unchecked
+/// and with an empty array: call readData from within the operation for those whose data are wanted.
+///
+/// Of the keywords with two records the dispatcher gives the Grid one, whose connections count from 0. All local grids
+/// come as EGridLGR; if the file has a long name there, the record's header says so by its type, C0nn, and readData
+/// reads it whole.
 ///
 /// Nothing is known here of the order of keywords, of the present grid, or of what belongs together.
 ///

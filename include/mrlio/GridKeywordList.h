@@ -1,7 +1,7 @@
 #pragma once
 
 /// \file
-/// The keywords of grid files, each told once: records, dispatcher and its handlers are made from these rows.
+/// The keywords of grid files, each listed once: records, dispatcher and its handlers are made from these rows.
 ///
 /// A row is ROW(Record, "NAME", type, count, form):
 ///
@@ -16,7 +16,7 @@
 ///            Index        items count from 1 in files and from 0 in memory
 ///            Array        a constructor from the items
 ///            IndexArray   both of these
-///            Text         a constructor from the one text that it holds; more than 8 characters are cut when written
+///            Text         a constructor from the one text that it holds, which has up to 8 characters
 ///            Own          more than that: GridKeywords.h has the class in full
 ///
 /// Programs may walk the rows with a macro of their own.

@@ -27,8 +27,9 @@
 /// on) the Grid record holds indexes counted from 0, and the EGrid record holds what stands in the file. Values read
 /// with the one and written with the other don't give the same file.
 ///
-/// Texts of more than 8 characters, in EGridLGR and EGridNAME as in all CHAR records, are cut when they are written, in
-/// formatted files from the 13th character on. A record made from the header of a longer type, C0nn, goes by that.
+/// Texts of more than 8 characters, in EGridLGR and EGridNAME as in all CHAR records, are cut when they are written: to
+/// 8 characters in unformatted files, to 13 in formatted ones, where one of 13 loses its closing quote. A record made
+/// from the header of a longer type, C0nn, goes by that.
 
 namespace Kvt::Mrl::MrlIO {
 
@@ -185,7 +186,7 @@ public:
     explicit EGridLGRLongName(const std::string& name);
 };
 
-/// Two texts, each cut to 8 characters when written.
+/// Two texts of up to 8 characters each.
 class MRLIO_EXPORT GridLGR : public ConcreteKeyword<GridLGR_traits>
 {
 public:
@@ -193,7 +194,7 @@ public:
     GridLGR(std::string first, std::string second);
 };
 
-/// Two texts, each cut to 8 characters when written.
+/// Two texts of up to 8 characters each.
 class MRLIO_EXPORT GridGRIDUNIT : public ConcreteKeyword<GridGRIDUNIT_traits>
 {
 public:

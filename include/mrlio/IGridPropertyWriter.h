@@ -23,12 +23,11 @@ public:
     IGridPropertyWriter& operator=(const IGridPropertyWriter&) = delete;
     virtual ~IGridPropertyWriter() = default;
 
-    /// The grid's number of cells.
+    /// The grid's number of cells; 1 in a writer of connections, whose arrays have any length.
     virtual int count() const = 0;
 
-    /// Bytes of the buffer in front of the grid's section; takes effect at the next opening of the section, which is at
-    /// the next array in the random-order writers, and has no effect in the sequential ones. Below 1,
-    /// or above 1 MiB: 1 MiB.
+    /// Bytes of the buffer in front of the grid's temporary file; takes effect at the next array in the random-order
+    /// writers, and never in the sequential ones. Below 1, and above 1 MiB, stands for 1 MiB.
     virtual void setBufferSize(int bufferSize) = 0;
 
     /// Writes an array: all values of the matrix and, if the array has dual porosity, all values of the fracture behind
@@ -37,7 +36,8 @@ public:
     /// name         1 to 8 characters
     /// array        one value per cell of the grid; asked for in ascending order, once where the writer has a file of
     ///              its own to cut back, twice where it hasn't
-    /// activeOnly   leave out the values of inactive cells: those without pore volume and without rock volume
+    /// activeOnly   leave out the values of inactive cells: those without pore volume and without rock volume; has no
+    ///              effect in a writer of connections
     /// throws       std::invalid_argument if the name is refused, or the array has another length than the grid or throws
     ///              at one of its cells; with checks switched off none of this is looked at, and what the array throws
     ///              passes through. std::runtime_error if writing fails. The file is cut back to the place where the

@@ -34,7 +34,8 @@ private:
 
 /// The grid properties of an init file or of one report step, with one value per cell of the grid: I fastest, then J,
 /// then K. Inactive cells of a property that is stored for active cells alone hold a fill value (the lowest finite
-/// double or float, the lowest int, the empty text); cells of a coarsened group all show the group's value.
+/// double or float, the lowest int, the empty text). In such a property, and in PORV, the cells of a coarsened group
+/// all show the group's value; other properties that are stored for all cells are shown as they are.
 ///
 /// name       the property's name
 /// lgr        the local grid, empty for the global grid
@@ -55,8 +56,9 @@ public:
     virtual bool getArrayInfo(const std::string& name, BasicArrayInfo& out, const std::string& lgr = {},
                               bool fracture = false) const = 0;
 
-    /// The same with the extrema. Those of the index serve for matrix and fracture alike; where there are none, the
-    /// property is loaded. Both are 2.2250738585072014e-308 if no cell has data.
+    /// The same with the extrema. Those of the index serve for matrix and fracture alike. Where one of these is
+    /// 2.2250738585072014e-308, which stands for none, the property is loaded to find them; they stay so if no cell has
+    /// data.
     /// throws   RestartReaderException if the property can't be loaded
     virtual bool getArrayInfo(const std::string& name, ArrayInfo& out, const std::string& lgr = {},
                               bool fracture = false) const = 0;

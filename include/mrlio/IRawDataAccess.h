@@ -16,9 +16,10 @@ namespace Kvt::Mrl::MrlIO {
 /// lgr2   the second local grid for what lies between two, in any order; empty otherwise
 ///
 /// Listing touches no data file, except that the first question for a pair of local grids walks the headers of the
-/// step, and throws RestartReaderException or MrlIOException if it can't. Every getAnyArray opens the file, goes to the
-/// array, reads and closes it again, whatever the number of steps and the array's place. An access belongs to the reader
-/// that gave it, lives as long, and is used by one thread. The order of the virtual operations is part of the interface.
+/// step, reads what lies between local grids, and throws RestartReaderException or MrlIOException if it can't. Every
+/// getAnyArray opens the file, goes to the array, reads and closes it again, whatever the number of steps and the
+/// array's place. An access belongs to the reader that gave it, lives as long, and is used by one thread. The order of
+/// the virtual operations is part of the interface.
 class MRLIO_EXPORT IRawDataAccess
 {
 public:

@@ -59,10 +59,10 @@ public:
     ///             that is empty, missing or damaged (MrlIOException for some damages). The reader holds nothing then.
     void read(const std::string& initFile, bool formatted, const std::string& specFile, const std::string& gridFile);
 
-    /// The grid properties, with one value per cell.
+    /// The grid properties, with one value per cell. Null before a read and after one that failed.
     const IPropertyDataAccess* propertyData();
 
-    /// The arrays as the file holds them.
+    /// The arrays as the file holds them. Null where propertyData is.
     const IRawDataAccess* rawData();
 
     /// Cells in each direction. In a case with dual porosity they count one medium, also where the file counts the
@@ -73,6 +73,7 @@ public:
     /// The product of the dimensions; -1 if they aren't known.
     int numCells(const std::string& lgr = {});
 
+    /// Also false if the file doesn't tell.
     bool isDualPorosity();
 
     /// Values that the file doesn't define come as one beyond the enumerators.
@@ -83,7 +84,7 @@ public:
     const std::vector<std::string>& LGRs();
 
     /// The pairs of local grids that have arrays between them, the names of each pair sorted. The first question walks
-    /// the headers of the init file.
+    /// the headers of the init file and reads these arrays.
     std::vector<std::pair<std::string, std::string>> LGRPairs();
 
     /// The start of the simulation; a default value if the file doesn't tell. The time is midnight then.

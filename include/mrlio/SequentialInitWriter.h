@@ -50,7 +50,7 @@ class SequentialRestartWriterImpl;
 /// Nothing is written to a temporary place: after a run that failed the data file ends within a grid and the index file
 /// at the grid before it. close is possible after any failure.
 ///
-/// The header callback must live until close; pore and rock volumes until their grid is ended. One thread at a time.
+/// Pore volumes, rock volumes and the header callback must live until close. One thread at a time.
 class MRLIO_EXPORT SequentialInitWriter
 {
 public:
@@ -84,7 +84,7 @@ public:
 
     /// Allows writing. The files are made when the sequence starts.
     ///
-    /// bufferSize   bytes of the data file's buffer, of which no more than 1 MiB are used; below 1 stands for 8 MiB
+    /// bufferSize   bytes of the data file's buffer; below 1, and above 1 MiB, stands for 1 MiB
     /// throws       std::runtime_error if the writer is open, or the data file exists and params.overwriteData doesn't
     ///              give it away
     void open(int bufferSize);
@@ -107,8 +107,7 @@ public:
     /// Begins a grid: writes its headers.
     ///
     /// name           as declared; empty for the global grid, which comes first
-    /// porv, rockv    volumes of the cells, by which they are active; must live until sequenceEndGrid. rockv may be
-    ///                null.
+    /// porv, rockv    volumes of the cells, by which they are active; must live until close. rockv may be null.
     /// dualPorosity   in the form without pore volumes, which has no sequenceGetCurrentGridWriter
     /// activeCount    number of active cells for the headers; if negative, it is counted from the volumes, and written
     ///                as it is in the form without them

@@ -45,7 +45,7 @@ class SequentialRestartWriterImpl;
 /// params.overwriteData empties the data file at its first opening and params.overwriteSpec the index file; each counts
 /// once in a writer's life.
 ///
-/// The header callback must live until close; pore volumes until their grid is ended. One thread at a time.
+/// Pore volumes and the header callback must live until close. One thread at a time.
 class MRLIO_EXPORT SequentialRestartWriter
 {
 public:
@@ -83,7 +83,7 @@ public:
     /// throws   std::runtime_error if what was written doesn't reach a file. The writer is closed then all the same.
     void close();
 
-    /// Gives a well of the step; before sequenceStart, to reach the headers. Steps 0 have no well records. Only grids
+    /// Gives a well of the step; before sequenceStart, to reach the headers. Step 0 has no well records. Only grids
     /// that a well has connections in have it in their records. A well that is given again keeps its place; everything
     /// else is replaced.
     ///
@@ -93,7 +93,9 @@ public:
     /// segments      of a multi-segment well, asked in this call only; null for other wells
     /// throws        std::runtime_error if the writer is closed; std::invalid_argument for a blank or long name, a
     ///               local grid without name, grids that are not declared (the global one included), another number of
-    ///               connections in segments, and segment numbers below 1. The writer is unchanged then.
+    ///               connections in segments, segment numbers below 1, and numbers of connections, segments or branches
+    ///               below 0 or so large that a record of the wells would pass 134217728 words. The writer is unchanged
+    ///               then.
     void writeWellDataArray(const std::string& name, WellType::Enum type, WellStatus::Enum status,
                             const IWellConnectionArray& connections);
     void writeWellDataArray(const std::string& name, WellType::Enum type, WellStatus::Enum status,
