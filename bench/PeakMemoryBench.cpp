@@ -243,7 +243,7 @@ double readProperty(RestartReader& reader, const char* name)
 void measureRestart()
 {
     const std::string specFile = stepsCase(restartSteps).specFile;
-    measure("10,000 report steps of 20 arrays, by spec file",
+    measure("10,000 report steps of 20 arrays, by index file",
             [&] { return keptBy([&] { return openSteps(specFile); }); });
     measure("10,000 report steps of 20 arrays, by scan", [] { return keptBy([] { return openSteps(""); }); });
     const HalfActiveCase& half = halfActiveCase(true);

@@ -84,12 +84,12 @@ void readAgain(benchmark::State& state, const std::string& file)
     }
 }
 
-void BM_OpenBySpecFile_library(benchmark::State& state)
+void BM_OpenByIndexFile_library(benchmark::State& state)
 {
     openAgain(state, true);
 }
 
-void BM_OpenBySpecFile_floor(benchmark::State& state)
+void BM_OpenByIndexFile_floor(benchmark::State& state)
 {
     readAgain(state, stepsCase(manySteps).specFile);
 }
@@ -146,8 +146,8 @@ void places(benchmark::internal::Benchmark* benchmark)
     benchmark->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(20);
 }
 
-BENCHMARK(BM_OpenBySpecFile_library)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_OpenBySpecFile_floor)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_OpenByIndexFile_library)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_OpenByIndexFile_floor)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_OpenByScan_library)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_OpenByScan_floor)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_AnyArray_any)->Apply(places);
@@ -158,5 +158,5 @@ BENCHMARK(BM_AnyArray_first)->Apply(places);
 int main(int argumentCount, char** arguments)
 {
     return bench::run(argumentCount, arguments,
-                      {{"_library", "_floor", "at most 1.5 by spec file, 1.4 by scan"}, {"_any", "_first", "about 1"}});
+                      {{"_library", "_floor", "at most 1.5 by index file, 1.4 by scan"}, {"_any", "_first", "about 1"}});
 }
