@@ -157,6 +157,7 @@ BENCHMARK(BM_AnyArray_first)->Apply(places);
 
 int main(int argumentCount, char** arguments)
 {
-    return bench::run(argumentCount, arguments,
-                      {{"_library", "_floor", "at most 1.5 by index file, 1.4 by scan"}, {"_any", "_first", "about 1"}});
+    return bench::run(
+        argumentCount, arguments,
+        {{"_library", "_floor", "at most 1.5 by index file, 1.4 by scan"}, {"_any", "_first", "about 1"}});
 }
