@@ -178,6 +178,20 @@ TEST_P(RestartReaderFixture, FindsInTheStepWhatTheIndexLacks)
     EXPECT_EQ(reader->propertyData(hugeStep + 1), nullptr);
 }
 
+TEST_P(RestartReaderFixture, ReadsOnlyTheHeadersThatAreAskedFor)
+{
+    ReaderCase files(GetParam());
+    files.step(1).solution("PRESSURE", {1});
+    // A DOUBHEAD that isn't one, of a local grid, whose time of day nobody can ask for.
+    files.data.keyword("LGR", {"NEAR"}).keyword("DOUBHEAD", {1});
+    files.lgr("NEAR", {.nx = 3}).solution("PRESSURE", {2}).endLgr();
+    files.index.writeTo(specFile());
+    files.data.writeTo(unified());
+    const auto reader = read({unified()}, specFile());
+    EXPECT_EQ(reader->numCells("NEAR"), 12);
+    EXPECT_EQ(reader->date(1), YearMonthDay(2020, 5, 1));
+}
+
 TEST_P(RestartReaderFixture, FindsTheCopyOfASeparateStepThatTheIndexMeans)
 {
     // A step that was written again stands behind its first copy.
