@@ -35,6 +35,9 @@ struct GridVolumes
     const IGridPropertyArray<float>* rockv = nullptr;
 };
 
+/// In place of a number of active cells: they are to be counted. Any other negative number says the same.
+constexpr int countActiveCells = -1;
+
 /// A grid with volumes. The section isn't touched here.
 /// spec          must outlive the content, as must the volumes
 /// activeCount   if negative, the active cells are counted

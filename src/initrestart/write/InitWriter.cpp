@@ -4,12 +4,6 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-namespace {
-
-constexpr int countActiveCells = -1;
-
-} // namespace
-
 InitWriter::InitWriter(const std::string& directory, const std::string& rootName, const Service::YearMonthDay& date,
                        const Service::HourMinuteSecondMillisecond& time, bool formatted,
                        const MrlWriterDefaultParams& params, bool skipChecks)

@@ -10,12 +10,6 @@
 
 namespace Kvt::Mrl::MrlIO {
 
-namespace {
-
-constexpr int usualBufferSize = 8 * 1024 * 1024;
-
-} // namespace
-
 SequentialRestartWriterImpl::~SequentialRestartWriterImpl()
 {
     forgetGrid();
@@ -25,13 +19,13 @@ SequentialRestartWriterImpl::~SequentialRestartWriterImpl()
 void SequentialRestartWriterImpl::openInit(int bufferSize)
 {
     core_.openInit();
-    bufferSize_ = bufferSize < 1 ? usualBufferSize : bufferSize;
+    bufferSize_ = bufferSize;
 }
 
 void SequentialRestartWriterImpl::openStep(int reportStep, double elapsedDays, int bufferSize)
 {
     core_.openStep(reportStep, elapsedDays);
-    bufferSize_ = bufferSize < 1 ? usualBufferSize : bufferSize;
+    bufferSize_ = bufferSize;
 }
 
 void SequentialRestartWriterImpl::close()
