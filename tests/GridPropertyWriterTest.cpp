@@ -1,6 +1,7 @@
 #include "initrestart/write/GridPropertyWriterBase.h"
 #include "service/FileStream.h"
 #include "support/CellArrays.h"
+#include "support/FullDisk.h"
 #include "support/KeywordFileBuilder.h"
 
 #include <mrlio/KeywordWriter.h>
@@ -8,16 +9,15 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <functional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <sys/resource.h>
 #include <vector>
 
 using namespace Kvt::Mrl::MrlIO;
 using MrlIOTest::CellArray;
+using MrlIOTest::FullDisk;
 using MrlIOTest::KeywordFileBuilder;
 using MrlIOTest::numbersFrom;
 using MrlIOTest::readBytes;
@@ -73,31 +73,6 @@ std::string errorOf(const std::function<void()>& action)
     }
     return "nothing thrown";
 }
-
-/// No file of this process grows beyond so many bytes, as if the disk were full.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &limit_);
-        const rlimit full{bytes, limit_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &full);
-    }
-
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-    ~FullDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &limit_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-private:
-    rlimit limit_{};
-    void (*handler_)(int);
-};
 
 } // namespace
 

@@ -1,5 +1,6 @@
 // Which files the summary writer makes, continues, replaces and refuses, and what it leaves behind when one fails.
 
+#include "support/FullDisk.h"
 #include "support/SummaryWriterHelpers.h"
 #include "support/TempDir.h"
 
@@ -9,12 +10,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <set>
-#include <sys/resource.h>
 #include <unistd.h>
 
 using namespace MrlIOTest;
@@ -24,31 +23,6 @@ namespace {
 
 const VectorSpec pressure{{.keyword = "FPR", .units = "BARSA"}};
 const GridSpec grid{1, 1, 1, UnitSystemType::METRIC, GridSpec::Radial};
-
-/// Lets no file grow beyond a length, as on a full disk.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t length) : oldHandler_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{length, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, oldHandler_);
-    }
-
-private:
-    void (*oldHandler_)(int);
-    rlimit before_{};
-};
 
 class SummaryWriterFilesTest : public ::testing::Test
 {
@@ -234,7 +208,7 @@ TEST_F(SummaryWriterFilesTest, FailedRecordIsCutBackAndCanBeRepeated)
         const std::string whole = readBytes(name);
         writer->writeArray(Values{2.0F});
         {
-            const FileSizeLimit limit(whole.size() + 30);
+            const FullDisk limit(whole.size() + 30);
             EXPECT_EQ(runtime([&] { writer->nextMiniStep(2.0F, false); }),
                       "A problem was encountered writing the keyword PARAMS to file.");
             EXPECT_EQ(readBytes(name), whole);
@@ -258,7 +232,7 @@ TEST_F(SummaryWriterFilesTest, FailedHeaderIsWrittenAgain)
     writer->openAtNextReportStep(0.0F);
     writer->writeArray(Values{2.0F});
     {
-        const FileSizeLimit limit(whole.size() + 5);
+        const FullDisk limit(whole.size() + 5);
         EXPECT_EQ(runtime([&] { writer->close(); }), "A problem was encountered writing the keyword SEQHDR to file.");
     }
     EXPECT_EQ(readBytes(dir.file("CASE.UNSMRY")), whole);
@@ -314,7 +288,7 @@ TEST_F(SummaryWriterFilesTest, OldSpecFileStaysUntilTheNewOneIsWhole)
     writer->nextMiniStep(0.0F, false);
     const std::string old = readBytes(dir.file("CASE.SMSPEC"));
     {
-        const FileSizeLimit limit(old.size() / 2);
+        const FullDisk limit(old.size() / 2);
         writer->nextMiniStep(0.0F, true);
     }
     EXPECT_EQ(readBytes(dir.file("CASE.SMSPEC")), old);

@@ -22,6 +22,8 @@ int openFlags(FileMode mode)
     flags |= writes ? (has(mode, FileMode::Read) ? O_RDWR : O_WRONLY) : O_RDONLY;
     if (has(mode, FileMode::Create))
         flags |= O_CREAT;
+    if (has(mode, FileMode::New))
+        flags |= O_EXCL;
     return flags;
 }
 

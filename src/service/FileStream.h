@@ -12,12 +12,13 @@ namespace Kvt::Mrl::Core::Service {
 /// How FileStream opens a file; combine with |.
 enum class FileMode : unsigned
 {
-    Read = 1,      ///< may be read; the file must exist unless Create says otherwise
-    Write = 2,     ///< may be written
-    Create = 4,    ///< a missing file is made
-    Truncate = 8,  ///< what is in the file goes
-    AtEnd = 16,    ///< the first position is the end of the file and not its start
-    Exclusive = 32 ///< the file is locked (flock) while it is open; one that somebody else locked doesn't open
+    Read = 1,       ///< may be read; the file must exist unless Create says otherwise
+    Write = 2,      ///< may be written
+    Create = 4,     ///< a missing file is made
+    Truncate = 8,   ///< what is in the file goes
+    AtEnd = 16,     ///< the first position is the end of the file and not its start
+    Exclusive = 32, ///< the file is locked (flock) while it is open; one that somebody else locked doesn't open
+    New = 64        ///< with Create: nothing of that name may be there, not even a link to nothing
 };
 
 constexpr FileMode operator|(FileMode a, FileMode b)

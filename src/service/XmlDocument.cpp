@@ -109,8 +109,10 @@ bool XmlDocument::parse(const std::string& fileName, ParserErrorHandler& errors,
 {
     tree_ = XmlTree();
     PositionalFile file;
-    if (!file.open(fileName.c_str())) {
-        errors.addFatalError("cannot open " + fileName + ": " + std::generic_category().message(errno));
+    const int reason = file.open(fileName.c_str()) ? 0 : errno;
+    isFileMissing_ = reason == ENOENT;
+    if (reason != 0) {
+        errors.addFatalError("cannot open " + fileName + ": " + std::generic_category().message(reason));
         return false;
     }
     if (parseInto(tree_, passing, file, errors))

@@ -144,11 +144,16 @@ public:
     ///          different names
     bool parse(const std::string& fileName, ParserErrorHandler& errors, const PassingElements& passing = {});
 
+    /// Whether there was no file at all for the last parse. Another process may remove one between a look at it and the
+    /// parse.
+    bool isFileMissing() const { return isFileMissing_; }
+
     /// The document element; none if nothing was parsed.
     XmlElement root() const;
 
 private:
     XmlTree tree_;
+    bool isFileMissing_ = false;
 };
 
 } // namespace Kvt::Mrl::Core::Service::XML
