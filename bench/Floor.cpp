@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -189,6 +190,21 @@ void HandWriter::texts(const char* name, const std::vector<std::string>& values)
         integer(static_cast<std::int32_t>(8 * length));
         for (std::size_t n = 0; n < length; ++n)
             text(values[from + n].c_str(), 8);
+        integer(static_cast<std::int32_t>(8 * length));
+    }
+}
+
+void HandWriter::doubles(const char* name, const std::vector<double>& values)
+{
+    header(name, static_cast<std::int32_t>(values.size()), "DOUB");
+    for (std::size_t from = 0; from < values.size(); from += blockLength) {
+        const std::size_t length = std::min(blockLength, values.size() - from);
+        integer(static_cast<std::int32_t>(8 * length));
+        for (std::size_t n = 0; n < length; ++n) {
+            const auto bits = std::bit_cast<std::uint64_t>(values[from + n]);
+            integer(static_cast<std::int32_t>(bits >> 32));
+            integer(static_cast<std::int32_t>(bits));
+        }
         integer(static_cast<std::int32_t>(8 * length));
     }
 }

@@ -78,6 +78,7 @@ public:
     void reals(const float* values, std::size_t count);
     void keyword(const char* name, const std::vector<std::int32_t>& values);
     void texts(const char* name, const std::vector<std::string>& values);
+    void doubles(const char* name, const std::vector<double>& values);
     void finish();
 
 private:

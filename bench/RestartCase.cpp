@@ -2,7 +2,6 @@
 
 #include "Floor.h"
 
-#include <bit>
 #include <map>
 #include <memory>
 
@@ -30,16 +29,9 @@ public:
 
     void doubles(HandWriter& file, const char* name, const std::vector<double>& values)
     {
-        header(file, name, static_cast<std::int32_t>(values.size()), "DOUB");
-        file.integer(static_cast<std::int32_t>(8 * values.size()));
-        for (const double value : values) {
-            const auto bits = std::bit_cast<std::uint64_t>(value);
-            file.integer(static_cast<std::int32_t>(bits >> 32));
-            file.integer(static_cast<std::int32_t>(bits));
-        }
-        file.integer(static_cast<std::int32_t>(8 * values.size()));
+        file.doubles(name, values);
         if (&file == &data_)
-            position_ += 8 * static_cast<std::int64_t>(values.size()) + 8;
+            position_ += 32 + 8 * static_cast<std::int64_t>(values.size());
     }
 
     void headers(const std::vector<std::int32_t>& intehead, double days)
