@@ -1,5 +1,7 @@
 #include "CellReport.h"
 
+#include "Dates.h"
+#include "Labels.h"
 #include "Wells.h"
 
 #include <iomanip>
@@ -11,13 +13,6 @@ namespace {
 
 using namespace Kvt::Mrl::MrlIO;
 
-template <class Enumeration, class Value>
-std::string labelOf(Value value)
-{
-    std::string label;
-    return Service::findLabel<Enumeration>(value, label) ? label : "?";
-}
-
 std::string nameOf(const std::string& grid)
 {
     return grid.empty() ? "whole grid" : "local grid " + grid;
@@ -25,10 +20,9 @@ std::string nameOf(const std::string& grid)
 
 std::string dateText(const Service::YearMonthDay& date, const Service::HourMinuteSecondMillisecond& time)
 {
-    char text[80];
-    std::snprintf(text, sizeof text, "%04ld-%02u-%02u %02d:%02d", date.Year(), unsigned{date.Month()},
-                  unsigned{date.Day()}, time.Hour(), time.Minute());
-    return text;
+    char text[32];
+    std::snprintf(text, sizeof text, " %02d:%02d", time.Hour(), time.Minute());
+    return textOf(date) + text;
 }
 
 /// An init reader and a restart reader answer the same questions about grids.

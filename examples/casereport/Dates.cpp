@@ -13,6 +13,13 @@ constexpr double millisecondsPerDay = 86400000.0;
 
 } // namespace
 
+std::string textOf(const Kvt::Mrl::MrlIO::Service::YearMonthDay& date)
+{
+    char text[48];
+    std::snprintf(text, sizeof text, "%04ld-%02u-%02u", date.Year(), unsigned{date.Month()}, unsigned{date.Day()});
+    return text;
+}
+
 CaseCalendar::CaseCalendar(const Kvt::Mrl::MrlIO::ISummaryReader& reader)
     : start_(std::chrono::year(static_cast<int>(reader.startDate().Year())) /
              std::chrono::month(reader.startDate().Month()) / std::chrono::day(reader.startDate().Day())),

@@ -7,6 +7,9 @@
 
 namespace casereport {
 
+/// As in 2026-03-14.
+std::string textOf(const Kvt::Mrl::MrlIO::Service::YearMonthDay& date);
+
 /// Calendar dates from a case's start and its elapsed time.
 class CaseCalendar
 {

@@ -1,11 +1,11 @@
 #include "Maps.h"
 
+#include "Dates.h"
 #include "LayerCells.h"
 #include "PropertyMap.h"
 #include "Wells.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <iterator>
 #include <limits>
 
@@ -55,13 +55,6 @@ struct Snapshot
     std::string when; ///< for the subtitle
 };
 
-std::string dateText(const Service::YearMonthDay& date)
-{
-    char text[48];
-    std::snprintf(text, sizeof text, "%04ld-%02u-%02u", date.Year(), unsigned{date.Month()}, unsigned{date.Day()});
-    return text;
-}
-
 std::vector<int> chosenSteps(const CellCase& cells, const MapChoice& choice, int last)
 {
     std::vector<int> valid = cells.stepNumbers();
@@ -88,7 +81,7 @@ std::vector<Snapshot> snapshotsOf(const CellCase& cells, const std::string& prop
     for (const int step : steps) {
         const IPropertyDataAccess* data = cells.steps()->propertyData(step);
         if (data != nullptr && data->hasProperty(property))
-            snapshots.push_back({data, dateText(cells.steps()->date(step)) + ", report step " + std::to_string(step)});
+            snapshots.push_back({data, textOf(cells.steps()->date(step)) + ", report step " + std::to_string(step)});
     }
     return snapshots;
 }

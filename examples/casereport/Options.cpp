@@ -6,19 +6,23 @@
 
 namespace casereport {
 
-const char* const usage = "Usage: casereport DIRECTORY CASE [options]\n"
-                          "Says what a case holds, prints vectors over time, draws them and maps of its layers.\n"
-                          "  --vectors LIST      for the table: KEYWORD, KEYWORD:NAME or KEYWORD:NUMBER, by commas\n"
-                          "  --rows N            most rows of the table (25)\n"
-                          "  --charts DIRECTORY  draw SVG charts and maps there, with an index.html\n"
-                          "  --maps LIST         of properties to map, by commas (SWAT,PRESSURE,PERMX)\n"
-                          "  --layer N           which layer the maps show (the one in the middle)\n"
-                          "  --map-steps LIST    report steps that they show (four, spread evenly)\n"
-                          "  --follow            keep reading while the case grows, until its writer is done\n"
-                          "  --interval MS       time between two looks when following (500)\n"
-                          "  --patience S        stop following a case that stands still for so long (30)\n"
-                          "  --no-cache          neither use nor write the content cache\n"
-                          "  --help              this text\n";
+const char* const usage =
+    "Usage: casereport DIRECTORY CASE [options]\n"
+    "Says what a case holds, prints vectors over time, draws them, maps of its layers, profiles of\n"
+    "its wells and the flow out of its regions.\n"
+    "  --vectors LIST      for the table: KEYWORD, KEYWORD:NAME or KEYWORD:NUMBER, by commas\n"
+    "  --rows N            most rows of each table (25)\n"
+    "  --charts DIRECTORY  draw SVG pictures there, with an index.html\n"
+    "  --maps LIST         of properties to map, by commas (SWAT,PRESSURE,PERMX)\n"
+    "  --layer N           which layer the maps show (the one in the middle)\n"
+    "  --map-steps LIST    report steps that they show (four, spread evenly)\n"
+    "  --wells LIST        wells whose profiles are drawn, by commas (all)\n"
+    "  --dates LIST        dates that these show, as YYYY-MM-DD (four, spread evenly)\n"
+    "  --follow            keep reading while the case grows, until its writer is done\n"
+    "  --interval MS       time between two looks when following (500)\n"
+    "  --patience S        stop following a case that stands still for so long (30)\n"
+    "  --no-cache          neither use nor write the summary's content cache\n"
+    "  --help              this text\n";
 
 namespace {
 
@@ -51,6 +55,14 @@ std::vector<int> parseSteps(const std::string& list, const std::string& option)
     return steps;
 }
 
+Kvt::Mrl::MrlIO::Service::YearMonthDay parseDate(const std::string& text, const std::string& option)
+{
+    if (text.size() != 10 || text[4] != '-' || text[7] != '-')
+        throw std::invalid_argument("bad value for " + option + ": " + text);
+    return {parseNumber(text.substr(0, 4), option), parseNumber(text.substr(5, 2), option),
+            parseNumber(text.substr(8), option)};
+}
+
 void parseValue(const std::string& name, const std::string& value, Options& options)
 {
     if (name == "--vectors")
@@ -65,6 +77,11 @@ void parseValue(const std::string& name, const std::string& value, Options& opti
         options.maps.layer = parseNumber(value, name);
     else if (name == "--map-steps")
         options.maps.steps = parseSteps(value, name);
+    else if (name == "--wells")
+        options.profiles.wells = split(value);
+    else if (name == "--dates")
+        for (const std::string& date : split(value))
+            options.profiles.dates.push_back(parseDate(date, name));
     else if (name == "--interval")
         options.interval = std::chrono::milliseconds(parseNumber(value, name));
     else if (name == "--patience")

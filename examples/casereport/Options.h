@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Maps.h"
+#include "WellProfiles.h"
 
 #include <chrono>
 #include <string>
@@ -14,11 +15,12 @@ struct Options
     std::string directory;
     std::string caseName;
     std::vector<std::string> vectors; ///< for the table, as vectorsNamed takes them; empty for a choice of ours
-    std::string chartDirectory;       ///< for charts and maps; empty for neither
+    std::string chartDirectory;       ///< for all pictures; empty for none
     MapChoice maps{{"SWAT", "PRESSURE", "PERMX"}, 0, {}};
+    ProfileChoice profiles;
     int tableRows = 25;
     bool follow = false;
-    bool cache = true; ///< use and write the content cache
+    bool cache = true; ///< use and write the summary's content cache
     std::chrono::milliseconds interval{500};
     std::chrono::seconds patience{30}; ///< how long a followed case may stand still
     bool help = false;

@@ -22,11 +22,6 @@ constexpr double longestInDays = 80.0;   ///< a longer time axis counts in month
 constexpr double smallPart = 1e-6;       ///< of a day, which rounding may take off a midnight
 constexpr std::size_t mostPoints = 2000; ///< a curve of more is thinned; no screen shows the rest
 
-/// Told apart by people with any kind of colour vision.
-constexpr std::array<const char*, 8> colours{"#0072b2", "#d55e00", "#009e73", "#cc79a7",
-                                             "#e69f00", "#56b4e9", "#555555", "#8c564b"};
-constexpr std::array<const char*, 3> dashes{"", "8 4", "2 4"};
-
 struct Range
 {
     double low = 0.0, high = 1.0;
@@ -189,15 +184,6 @@ void drawTimeAxis(std::ostream& out, const Scales& scales, const CaseCalendar& c
     drawText(out, left + plotWidth / 2, height - 16, "class=\"axis\" text-anchor=\"middle\"", "Date");
 }
 
-std::string curveStyle(std::size_t n)
-{
-    std::string style = std::string("stroke=\"") + colours[n % colours.size()] + "\"";
-    const char* dash = dashes[n / colours.size() % dashes.size()];
-    if (*dash != '\0')
-        style += std::string(" stroke-dasharray=\"") + dash + "\"";
-    return style;
-}
-
 /// All points of a curve, or the smallest and the largest value of each run of them if there are many, so that peaks
 /// stay.
 std::vector<std::size_t> placesToDraw(const Curve& curve)
@@ -234,8 +220,8 @@ void drawCurve(std::ostream& out, const Curve& curve, const Scales& scales, std:
     for (const std::vector<std::size_t>& stretch : stretches(curve)) {
         if (stretch.size() == 1) {
             const auto& [day, value] = curve.points[stretch.front()];
-            out << "<circle fill=\"" << colours[n % colours.size()] << "\" cx=\"" << scales.x(day) << "\" cy=\""
-                << scales.y(value) << "\" r=\"4\"/>\n";
+            out << "<circle fill=\"" << curveColour(n) << "\" cx=\"" << scales.x(day) << "\" cy=\"" << scales.y(value)
+                << "\" r=\"4\"/>\n";
         } else if (!stretch.empty()) {
             out << "<path class=\"curve\" " << curveStyle(n) << " d=\"";
             char command = 'M';
@@ -248,20 +234,16 @@ void drawCurve(std::ostream& out, const Curve& curve, const Scales& scales, std:
     }
 }
 
-void drawLegend(std::ostream& out, const Chart& chart)
+/// Beside the plot.
+void drawCurveNames(std::ostream& out, const Chart& chart)
 {
+    std::vector<std::string> names;
+    for (const Curve& curve : chart.curves)
+        names.push_back(curve.label);
     const double x = left + plotWidth + 18;
-    const double lineHeight =
-        std::min(24.0, plotHeight / static_cast<double>(std::max<std::size_t>(1, chart.curves.size())));
-    for (std::size_t n = 0; n < chart.curves.size(); ++n) {
-        const double y = top + 10 + lineHeight * static_cast<double>(n);
-        out << "<line class=\"curve\" " << curveStyle(n) << " x1=\"" << x << "\" x2=\"" << x + 26 << "\" y1=\"" << y
-            << "\" y2=\"" << y << "\"/>\n";
-        drawText(out, x + 34, y + 4, "class=\"legend\"", escapeXml(chart.curves[n].label));
-    }
+    const double end = drawLegend(out, x, top + 10, plotHeight, names);
     if (chart.leftOut > 0)
-        drawText(out, x, top + 10 + lineHeight * static_cast<double>(chart.curves.size()), "class=\"legend\"",
-                 "and " + std::to_string(chart.leftOut) + " more");
+        drawText(out, x, end, "class=\"legend\"", "and " + std::to_string(chart.leftOut) + " more");
 }
 
 } // namespace
@@ -281,7 +263,7 @@ std::string drawChart(const Chart& chart, const CaseCalendar& calendar)
         << plotHeight << "\"/>\n";
     for (std::size_t n = 0; n < chart.curves.size(); ++n)
         drawCurve(out, chart.curves[n], scales, n);
-    drawLegend(out, chart);
+    drawCurveNames(out, chart);
     endSvg(out);
     return out.str();
 }

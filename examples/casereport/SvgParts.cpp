@@ -1,6 +1,7 @@
 #include "SvgParts.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <ostream>
@@ -14,6 +15,10 @@ constexpr const char* styles = "<style>text{font-family:'DejaVu Sans',Verdana,sa
                                ".tick{font-size:12px;fill:#444}.axis{font-size:13px}.legend{font-size:13px}"
                                ".grid{stroke:#e2e2e2;stroke-width:1}.frame{fill:none;stroke:#888;stroke-width:1}"
                                ".curve{fill:none;stroke-width:2;stroke-linejoin:round}</style>\n";
+
+constexpr std::array<const char*, 8> colours{"#0072b2", "#d55e00", "#009e73", "#cc79a7",
+                                             "#e69f00", "#56b4e9", "#555555", "#8c564b"};
+constexpr std::array<const char*, 3> dashes{"", "8 4", "2 4"};
 
 /// How many decimals tell neighbouring steps apart.
 int decimalsFor(double step)
@@ -59,6 +64,32 @@ void endSvg(std::ostream& out)
 void drawText(std::ostream& out, double x, double y, const char* style, const std::string& text)
 {
     out << "<text x=\"" << x << "\" y=\"" << y << "\" " << style << ">" << text << "</text>\n";
+}
+
+const char* curveColour(std::size_t n)
+{
+    return colours[n % colours.size()];
+}
+
+std::string curveStyle(std::size_t n)
+{
+    std::string style = std::string("stroke=\"") + curveColour(n) + "\"";
+    const char* dash = dashes[n / colours.size() % dashes.size()];
+    if (*dash != '\0')
+        style += std::string(" stroke-dasharray=\"") + dash + "\"";
+    return style;
+}
+
+double drawLegend(std::ostream& out, double x, double y, double height, const std::vector<std::string>& names)
+{
+    const double lineHeight = std::min(24.0, height / static_cast<double>(std::max<std::size_t>(1, names.size())));
+    for (std::size_t n = 0; n < names.size(); ++n) {
+        out << "<line class=\"curve\" " << curveStyle(n) << " x1=\"" << x << "\" x2=\"" << x + 26 << "\" y1=\"" << y
+            << "\" y2=\"" << y << "\"/>\n";
+        drawText(out, x + 34, y + 4, "class=\"legend\"", escapeXml(names[n]));
+        y += lineHeight;
+    }
+    return y;
 }
 
 double roundStep(double span, int mostSteps)

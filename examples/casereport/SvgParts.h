@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 /// \file
 /// What charts and maps have in common.
@@ -18,6 +20,14 @@ void endSvg(std::ostream& out);
 
 /// style   attributes of the text; the text itself is XML
 void drawText(std::ostream& out, double x, double y, const char* style, const std::string& text);
+
+/// Colour of the curve of that number, and all of its style, which is told apart by people with any kind of colour vision.
+const char* curveColour(std::size_t n);
+std::string curveStyle(std::size_t n);
+
+/// The names of curves behind pieces of them, from the top on and no further down than the height. Gives the place under
+/// the last one.
+double drawLegend(std::ostream& out, double x, double y, double height, const std::vector<std::string>& names);
 
 /// The smallest of 1, 2, 2.5 and 5 times a power of ten that makes at most so many steps of a span.
 double roundStep(double span, int mostSteps);

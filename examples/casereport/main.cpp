@@ -7,6 +7,7 @@
 #include "Maps.h"
 #include "Options.h"
 #include "Report.h"
+#include "SideReport.h"
 #include "SummaryCase.h"
 
 #include <cstdio>
@@ -43,7 +44,11 @@ void draw(const Options& options, const ISimpleSummaryReader* summary, const Cel
     if (cells.initial() != nullptr || cells.steps() != nullptr)
         for (const std::string& property : writeMaps(cells, options.maps, lastStep, folder))
             std::cout << "There is no property " << property << " to map.\n";
-    folder.writePage("Case " + options.caseName);
+}
+
+std::string headingOf(const Options& options)
+{
+    return "Case " + options.caseName;
 }
 
 void show(const Options& options, const SummaryCase& summary, CellCase& cells)
@@ -55,6 +60,7 @@ void show(const Options& options, const SummaryCase& summary, CellCase& cells)
         cells.refresh();
         PictureFolder folder(options.chartDirectory);
         draw(options, summary.reader(), cells, folder);
+        folder.writePage(headingOf(options));
     } catch (const std::exception& error) {
         std::cerr << "not drawn this time: " << error.what() << "\n"; // a file that is being replaced, say
     }
@@ -77,7 +83,8 @@ bool follow(const Options& options, SummaryCase& summary, CellCase& cells)
     }
 }
 
-void report(const Options& options, const ISimpleSummaryReader* summary, const CellCase& cells)
+void report(const Options& options, const ISimpleSummaryReader* summary, const CellCase& cells,
+            const SideFiles& sideFiles)
 {
     printFiles(std::cout, options.directory, options.caseName);
     if (summary != nullptr) {
@@ -85,10 +92,13 @@ void report(const Options& options, const ISimpleSummaryReader* summary, const C
         printTable(std::cout, *summary, options.vectors, options.tableRows);
     }
     printCells(std::cout, cells, options.tableRows);
+    printSideFiles(std::cout, sideFiles, options.tableRows);
     if (options.chartDirectory.empty())
         return;
     PictureFolder folder(options.chartDirectory);
     draw(options, summary, cells, folder);
+    drawSideFiles(sideFiles, options.profiles, summary, options.caseName, folder, std::cout);
+    folder.writePage(headingOf(options));
     std::cout << "\n" << folder.pictures().size() << " pictures in " << options.chartDirectory << ":\n";
     for (const std::string& picture : folder.pictures())
         std::cout << "  " << picture << "\n";
@@ -106,9 +116,10 @@ bool run(const Options& options)
                   << " seconds, and the writer isn't done\n";
     summary.refresh(SummaryCase::Extent::All);
     cells.refresh();
-    if (summary.reader() == nullptr && cells.initial() == nullptr && cells.steps() == nullptr)
+    const SideFiles sideFiles(options.directory, options.caseName);
+    if (summary.reader() == nullptr && cells.initial() == nullptr && cells.steps() == nullptr && sideFiles.isEmpty())
         throw std::runtime_error(summary.trouble());
-    report(options, summary.reader(), cells);
+    report(options, summary.reader(), cells, sideFiles);
     return isWhole;
 }
 

@@ -1,10 +1,6 @@
 /// A small reservoir simulator that writes its results through MrlIO as it runs.
 
-#include "CellOutput.h"
-#include "GridOutput.h"
-#include "Options.h"
-#include "Simulator.h"
-#include "SummaryOutput.h"
+#include "CaseOutput.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -18,11 +14,11 @@ using namespace waterflood;
 constexpr double daysAYear = 365.25;
 constexpr double shortestRest = 1e-6; ///< days; anything less at a report step's end is rounding
 
-void simulateUntil(double end, const Options& options, Simulator& simulator, SummaryOutput& summary)
+void simulateUntil(double end, const Options& options, Simulator& simulator, CaseOutput& output)
 {
     while (end - simulator.days() > shortestRest) {
         simulator.step(std::min(end - simulator.days(), options.longestStep));
-        summary.record(simulator);
+        output.recordStep(simulator);
         if (options.pace.count() > 0)
             std::this_thread::sleep_for(options.pace);
     }
@@ -44,24 +40,29 @@ Reservoir makeReservoir(const Options& options)
     return reservoir;
 }
 
-void run(const Options& options)
+void simulate(const Options& options, Simulator& simulator, CaseOutput& output)
 {
-    Simulator simulator(makeReservoir(options));
-    SummaryOutput summary(options, simulator.reservoir());
-    writeGridFile(options, simulator.reservoir());
-    const auto cells = options.randomOrder ? makeRandomOrderOutput(options) : makeSequentialOutput(options);
-    cells->writeInitial(simulator);
-    cells->writeStep(simulator, 0);
-    summary.record(simulator);
     const double end = options.years * daysAYear;
     int reportStep = 0;
     do {
         ++reportStep;
-        simulateUntil(std::min(end, reportStep * options.reportDays), options, simulator, summary);
-        cells->writeStep(simulator, reportStep); // whoever sees the summary's step finds the cells' step, too
-        summary.endReportStep();
+        simulateUntil(std::min(end, reportStep * options.reportDays), options, simulator, output);
+        output.endReportStep(simulator, reportStep);
         printProgress(simulator, reportStep);
     } while (end - simulator.days() > shortestRest);
+    output.finish(simulator);
+}
+
+void run(const Options& options)
+{
+    Simulator simulator(makeReservoir(options));
+    CaseOutput output(options, simulator);
+    try {
+        simulate(options, simulator, output);
+    } catch (const std::exception& error) {
+        output.breakOff(simulator, error.what());
+        throw;
+    }
 }
 
 int complain(const std::exception& error, const char* advice, int exitStatus)

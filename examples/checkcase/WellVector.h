@@ -1,0 +1,14 @@
+#pragma once
+
+#include <mrlio/MrlIO.h>
+
+#include <string>
+#include <vector>
+
+namespace checkcase {
+
+/// What the summary holds of a well under a keyword, one value for each mini step; empty if there is no such vector.
+std::vector<float> wellVector(const Kvt::Mrl::MrlIO::ISimpleSummaryReader& summary, const std::string& keyword,
+                              const std::string& well);
+
+} // namespace checkcase
