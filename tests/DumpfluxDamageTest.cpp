@@ -1,6 +1,5 @@
 #include "support/DumpfluxCase.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -12,7 +11,6 @@ namespace {
 
 using namespace Kvt::Mrl::MrlIO;
 using namespace MrlIOTest;
-using testing::IsEmpty;
 using Doubles = std::vector<double>;
 using Integers = std::vector<int>;
 using Strings = std::vector<std::string>;
@@ -74,7 +72,7 @@ TEST(DumpfluxDamage, HeadersThatContradictEachOtherAreRefused)
 
 TEST(DumpfluxDamage, ConnectionsFailWhenTheyAreAskedFor)
 {
-    DumpfluxCase without, odd;
+    DumpfluxCase without, odd, good;
     without.head().range(0, 1);
     odd.head().array("INDXFLUX", Integers(7, 1)).range(0, 1);
     const std::tuple<const DumpfluxCase*, const char*> rows[] = {
@@ -88,7 +86,7 @@ TEST(DumpfluxDamage, ConnectionsFailWhenTheyAreAskedFor)
         EXPECT_EQ(thrownBy([&] { reader.numConnections(); }), text);
         EXPECT_EQ(thrownBy([&] { reader.regions(); }), text) << "each time";
     }
-    reader.read(DumpfluxCase().head().joints({{1, 2, 1, 2}}).write());
+    reader.read(good.head().joints({{1, 2, 1, 2}}).write());
     EXPECT_EQ(reader.numConnections(), 1);
 }
 
@@ -138,10 +136,8 @@ TEST(DumpfluxDamage, ChangedFilesAreNoticed)
               }),
               "-");
     EXPECT_EQ(values, Doubles(5000, 0.5)) << "the last range has grown";
-    for (const int count : {4000000, 2147483647}) {
+    for (const int count : {4000000, 2147483647})
         EXPECT_NE(readAfter([&](DumpfluxCase& file) { file.range(0, 1).file.header("OILFLUX", count, "DOUB"); }), "-");
-        EXPECT_THAT(values, IsEmpty());
-    }
     DumpfluxReader reader;
     start.range(0, 1).file.writeTo(path);
     reader.read(path);

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
 #include <random>
 #include <string>
 #include <tuple>
@@ -174,13 +173,13 @@ TEST(DumpfluxReader, FindsTheFirstTimeRangeThatHoldsATime)
         std::vector<std::pair<double, double>> ranges;
         DumpfluxCase dump;
         dump.head().joints({{1, 2, 1, 2}});
-        double time = some(3);
+        double next = some(3);
         for (int i = round % 7; i >= 0; --i) {
-            const double start = inOrder ? time : some(9);
-            time = inOrder ? start + some(3) : some(20) == 0 ? std::nan("") : some(9);
-            dump.range(start, time).array("WATFLUX", Doubles{static_cast<double>(ranges.size())});
-            ranges.emplace_back(start, time);
-            time += some(2);
+            const double start = inOrder ? next : some(9);
+            const double end = inOrder ? start + some(3) : some(20) == 0 ? std::nan("") : some(9);
+            dump.range(start, end).array("WATFLUX", Doubles{static_cast<double>(ranges.size())});
+            ranges.emplace_back(start, end);
+            next = end + some(2);
         }
         const auto expected = [&ranges](double time) -> Doubles {
             if (time == ranges.front().first)
@@ -204,23 +203,22 @@ TEST(DumpfluxReader, MakesOneCellPerIndex)
     dump.head().joints({{1, 3, 1, 2}, {3, 4, 1, 2}, {12, 13, 1, 2}, {16, 24, 1, 2}});
     DumpfluxReader reader;
     reader.read(dump.write());
+    Doubles values;
     DumpfluxReader::Cells first, second, outer, inner;
-    Integers direction, firstRegion, secondRegion;
-    std::vector<bool> required;
-    ASSERT_TRUE(reader.getRawIndxFluxData(first, second, direction, firstRegion, secondRegion, required));
-    const auto place = [](const auto& cell) { return std::tuple(cell->I(), cell->J(), cell->K()); };
-    EXPECT_EQ(place(first[0]), std::tuple(1, 1, 1));
-    EXPECT_EQ(place(first[1]), std::tuple(3, 1, 1));
-    EXPECT_EQ(place(second[1]), std::tuple(1, 2, 1));
-    EXPECT_EQ(place(first[2]), std::tuple(3, 4, 1));
-    EXPECT_EQ(place(second[2]), std::tuple(1, 1, 2));
-    EXPECT_EQ(place(first[3]), std::tuple(1, 2, 2));
-    EXPECT_EQ(place(second[3]), std::tuple(3, 4, 2));
+    EXPECT_FALSE(reader.getArray("WATFLUX", 0, values, first, second)) << "no time range";
+    Strings places;
+    for (const auto* cells : {&first, &second})
+        for (const auto& cell : *cells)
+            places.push_back(std::to_string(100 * cell->I() + 10 * cell->J() + cell->K()));
+    EXPECT_THAT(places, ElementsAre("111", "311", "341", "122", "311", "121", "112", "342"));
     EXPECT_EQ(second[0], first[1]) << "one and the same cell";
 
-    Doubles values;
     EXPECT_FALSE(reader.getArray("WATFLUX", 0, values, outer, inner, 2));
     EXPECT_EQ(outer, first) << "and the same for the region";
+    EXPECT_EQ(inner, second);
+    Integers direction, firstRegion, secondRegion;
+    std::vector<bool> required;
+    EXPECT_TRUE(reader.getRawIndxFluxData(outer, inner, direction, firstRegion, secondRegion, required));
     EXPECT_EQ(inner, second);
 }
 
@@ -230,21 +228,20 @@ TEST(DumpfluxReader, NeedsNoGridForAnythingButCells)
     DumpfluxReader reader;
     reader.read(dump.write());
     EXPECT_TRUE(askRegion(reader, 1).isGood);
-    EXPECT_EQ(reader.numCells(), 0);
     Doubles values;
     DumpfluxReader::Cells first, second;
     EXPECT_THROW(reader.getArray("WATFLUX", 0, values, first, second), MrlIOException);
     EXPECT_THROW(reader.getArray("WATFLUX", 0, values, first, second, 1), MrlIOException);
 
-    const std::tuple<int, int, int, int> sizes[] = {
-        {-1, 0, 5, -1}, {2147483647, 1, 1, 2147483647}, {-3, 4, 2, -24}, {0, 2147483647, 2147483647, 0}};
-    for (const auto& [nx, ny, nz, cells] : sizes) {
+    constexpr int most = 2147483647;
+    const std::tuple<int, int, int, const char*> rows[] = {
+        {-1, 0, 5, "-1"},     {most, 1, 1, "2147483647"}, {-3, 4, 2, "-24"},         {0, most, most, "0"},
+        {most, 2, 1, "none"}, {most, most, 4, "none"},    {most, most, most, "none"}};
+    for (const auto& [nx, ny, nz, cells] : rows) {
         reader.read(fluxCase("FLUX", {5, 7, 11}, dumpfluxIntehead(nx, ny, nz)).write());
-        EXPECT_EQ(reader.numCells(), cells);
-    }
-    for (const int nz : {1, 4, 2147483647}) {
-        reader.read(fluxCase("FLUX", {5, 7, 11}, dumpfluxIntehead(2147483647, 2147483647, nz)).write());
-        EXPECT_THROW(reader.numCells(), MrlIOException);
+        std::string found = "none";
+        thrownBy([&] { found = std::to_string(reader.numCells()); });
+        EXPECT_EQ(found, cells);
     }
 }
 
@@ -283,7 +280,7 @@ TEST(DumpfluxReader, CutsWellArraysIntoWells)
     EXPECT_TRUE(reader.getWellArray("A", "WELLFLOW", 0, values));
 }
 
-TEST(DumpfluxReader, IsEmptyWithoutAFile)
+TEST(DumpfluxReader, HoldsWhatTheLastReadFound)
 {
     const DumpfluxCase dump = fluxCase();
     const std::string path = dump.write();
@@ -312,17 +309,10 @@ TEST(DumpfluxReader, IsEmptyWithoutAFile)
     writeBytes(path, "");
     EXPECT_EQ(thrownBy([&] { reader.read(path); }), "DumpfluxReaderImpl::loadHeaderData: reader not initialized");
     expectEmpty("");
-}
-
-TEST(DumpfluxReader, ReadsOtherExtensionsAsUnformatted)
-{
-    const DumpfluxCase dump = fluxCase();
-    const std::string path = dump.write();
-    std::filesystem::rename(path, path + ".DAT");
-    DumpfluxReader reader;
+    dump.file.writeTo(path + ".DAT");
     reader.read(path + ".DAT");
     EXPECT_TRUE(reader.formatted());
-    EXPECT_TRUE(ask(reader).isGood);
+    EXPECT_TRUE(ask(reader).isGood) << "read as unformatted all the same";
 }
 
 } // namespace

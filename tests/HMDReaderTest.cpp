@@ -180,6 +180,15 @@ TEST_F(HMDReading, KeepsThePreambleApart)
     EXPECT_EQ(values("DERIVS", porosity, "P1", preamble), Numbers{9});
     EXPECT_TRUE(reader_.getArray("GRADRESV", integers));
     EXPECT_TRUE(integers.empty());
+
+    // It ends at any TIMESTEP, also where the time is too early for a report, or none.
+    for (const double time : {-1e30, std::numeric_limits<double>::quiet_NaN()}) {
+        Builder early;
+        early.keyword("DERIVS", {8.0}).keyword("TIMESTEP", {time, 1.0}).keyword("DERIVS", {9.0});
+        read(early);
+        EXPECT_TRUE(reader_.times().empty());
+        EXPECT_EQ(values("DERIVS", {}, "", preamble), Numbers{8});
+    }
 }
 
 TEST_F(HMDReading, NamesWaitForTheirParameterUnderTheirOwnOwner)

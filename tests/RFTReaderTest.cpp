@@ -235,6 +235,9 @@ TEST_F(RFTReaderTest, HoldsNoFileUnlessReadHasSucceeded)
     EXPECT_THROW(reader.read(folder.path("NONE.RFT")), RFTReaderException);
     expectNoFile();
     read(fewReports());
+    EXPECT_THROW(reader.read(reader.wells().front()), RFTReaderException) << "a name that the reader itself holds";
+    expectNoFile();
+    read(fewReports());
     WellFile later;
     later.report(1.0f).well("C").keyword("PRESSURE", {7.0f});
     read(later);

@@ -45,7 +45,7 @@ TEST(WellIndexers, OfEqualDatesTheLastIsMeantFromWherever)
 TEST(WellNameSequence, WhatIsSeenTakesNoSpaceForTheNamesBeforeIt)
 {
     SeenNumbers seen;
-    for (const std::uint32_t number : {3u, 255u, 256u, 0xFFFFFFF0u, 0u}) {
+    for (const std::uint32_t number : {3u, 255u, 256u, 0xFFFFFFFFu, 0u}) {
         EXPECT_TRUE(seen.add(number)) << number;
         EXPECT_FALSE(seen.add(number)) << number;
     }

@@ -94,7 +94,8 @@ inline void askEverything(Answers& answers, const RFTReader& reader)
         });
         for (std::size_t report = 0; report < askedReports(reader.dates().size()); ++report) {
             for (const std::string& array : arrays)
-                askArray<int, float, double, std::string, bool>(answers, reader, array, well, report);
+                askArray<double, std::string>(answers, reader, array, well, report);
+            askArray<int, float, bool>(answers, reader, "CONIPOS", well, report);
             answers.ask([&] { answers.add(reader.getNCON(well, report)); });
             answers.ask([&] { answers.add(reader.getNREA(well, report)); });
             answers.ask([&] { answers.add(reader.getNSEG(well, report)); });
@@ -125,7 +126,8 @@ inline void askEverything(Answers& answers, const GRFTReader& reader)
             answers.ask([&] { answers.add(reader.getNCON(well, report)); });
             for (const GRFTParameter& parameter : parameters) {
                 for (const std::string& array : arrays)
-                    askArray<int, float, double, std::string, bool>(answers, reader, array, parameter, well, report);
+                    askArray<double, std::string>(answers, reader, array, parameter, well, report);
+                askArray<int, float, bool>(answers, reader, "CONIPOS", parameter, well, report);
             }
         }
         for (const auto& date : someOf(reader.dates(), 2))
@@ -169,7 +171,8 @@ inline void askEverything(Answers& answers, const HMDReader& reader)
         for (const std::string& owner : owners) {
             for (const GRFTParameter& parameter : parameters) {
                 for (const std::string& array : arrays)
-                    askArray<int, float, double, std::string>(answers, reader, array, parameter, owner, report);
+                    askArray<double>(answers, reader, array, parameter, owner, report);
+                askArray<int, float, std::string>(answers, reader, "HMHEADI", parameter, owner, report);
             }
         }
     }

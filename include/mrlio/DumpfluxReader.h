@@ -111,12 +111,13 @@ public:
 
     /// The values of an array for all connections as the file holds them, and the two cells of each connection.
     ///
-    /// time          days; finds the time range that it lies in. The end of the last range belongs to it.
+    /// time          days; finds the first time range that it lies in. The end of the last range belongs to it.
     /// values        FLUX: one per connection, positive from the first cell to the second; PRESSURE: those of all
     ///               first cells, then those of all second cells. Empty if there is no such array or time range.
     /// first, second one per connection, filled whatever becomes of the values
     /// returns       true if there are values and connections
-    /// throws        MrlIOException if the file is damaged, or cells are asked for in a grid with a dimension of 0
+    /// throws        MrlIOException if the file is damaged, or cells are asked for in a grid with 0 for NX or NY
+    /// cost          copies, and with the first question for the time range the reading of it
     bool getArray(const std::string& arrayName, double time, std::vector<double>& values, std::vector<int>& first,
                   std::vector<int>& second) const;
     bool getArray(const std::string& arrayName, double time, std::vector<double>& values, Cells& first,
@@ -134,7 +135,8 @@ public:
 
     /// The values of a well: WELLFLOW has the oil, water and gas rates, the reservoir volume rate and the energy
     /// production rate; WELLCOMP the molar rates of all components, then their liquid rates, then their vapour rates.
-    /// returns   false, with empty values, if the time range has none for the well
+    /// returns   false, with empty values, if the time range has none for the well, or the number of components isn't known
+    /// throws    MrlIOException if the time range can't be read
     bool getWellArray(const std::string& wellName, const std::string& arrayName, double time,
                       std::vector<double>& values) const;
 

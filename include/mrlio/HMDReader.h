@@ -31,9 +31,10 @@ class HMDReaderImpl;
 /// A report of which the reading failed isn't read again: later questions find what had been read until then, and
 /// answer false for the rest as if it weren't in the file. A new read starts afresh.
 ///
-/// The cache is trusted if the file's name, length and time of last change (in whole seconds) agree with it. If it has
-/// been damaged, read throws until HMDReaderEnvironment::flushContentIndexCache is called. So it does for each file of
-/// 2 GiB or more that has a cache, with boost::bad_lexical_cast, which is no MrlIOException.
+/// The cache is trusted if the file's name, length and time of last change (in whole seconds) agree with it. One of
+/// another version, or with a part missing, is made anew. With one that is no XML, or holds a text where a number belongs,
+/// read throws until HMDReaderEnvironment::flushContentIndexCache is called. So it does for each file of 2 GiB or more
+/// that has a cache, with boost::bad_lexical_cast, which is no MrlIOException: such a file opens once after each flush.
 ///
 /// Failures are HMDReaderException where this class itself finds them, and other kinds of MrlIOException where the
 /// layers below do: catch MrlIOException. Without a file, that is before any read and after one that failed, each
@@ -70,7 +71,8 @@ public:
     bool isWithoutValues() const;
 
     /// The reports: the time and the step of each. A report of which the time doesn't lie above that of the one before
-    /// counts as a part of it.
+    /// counts as a part of it. One that lies above it by no more than a billionth is a report of its own, but the one
+    /// before has its arrays too.
     const std::vector<double>& times() const;
     const std::vector<double>& timeSteps() const;
 

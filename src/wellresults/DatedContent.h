@@ -72,7 +72,7 @@ struct DatedContent
 {
     using Well = WellInfo<typename Family::Categorizer>;
 
-    // One per report, in file order: its date, its time in days, and where its DATE keyword stands.
+    // One per report, in file order: its date, its time in the time unit, and where its DATE keyword stands.
     std::vector<Service::YearMonthDay> dates;
     std::vector<float> times;
     std::vector<std::int64_t> offsets;

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace Kvt::Mrl::MrlIO {
 
@@ -20,8 +21,9 @@ public:
     /// without a file.
     void read(const std::string& fileName)
     {
+        Service::FileName file(fileName); // first, since the text may be one of the answers
         forgetFile();
-        file_ = Service::FileName(fileName);
+        file_ = std::move(file);
         Service::DelegateBase guard(Service::onDestruction(*this, &ReaderState::forgetFile));
         index();
         guard.Disarm();
