@@ -14,6 +14,12 @@ set(contents
     "\n  2026-01-01 +0.0 DAYS: INJ1 PROD1 PROD2 PROD3 PROD4\n"
     "\n +PROD1 +STANDARD +NEAR-P1 +2 +0 "
     "\n +PROD4 +MULTISEG +2 +3 "
+    "\nGradients: 5 wells, 2 parameters, 13 dates\n  parameters: PERMMULT 1 of type 1, POROMULT 1 of type 2\n"
+    "\n  gradients +PRESSURE:REAL SWAT:REAL\n"
+    "\n +PROD1 +POROMULT 1 +2 +[0-9.-]+ +-0[.][0-9]+\n"
+    "\nHistory match data: 5 wells, 1 groups, 2 parameters, 13 times\n  not encoded, double precision, with values\n"
+    "\n  preamble +GRADGRUP:CHAR GRADWELL:CHAR\n"
+    "\n  PROD1 +WBHP +200.0000 +-?0.0000 +-?0.0000\n"
     "\nBoundary FLUX, for MA10, METRIC, grid 10 x 10 x 2\n +[0-9]+ connections, 12 time ranges\n"
     "\n  regions: 0 1\n  arrays: FLUXOIL FLUXWAT\n"
     "\nMessages: [0-9]+\n  comment 3 message 13 warning [0-9]\n"
@@ -57,10 +63,11 @@ endfunction()
 list(GET FOLDERS 0 first)
 report("${first}" expected_cells expected_rest)
 file(GLOB pictures RELATIVE "${first}/charts"
-    "${first}/charts/map-*.svg" "${first}/charts/well-*.svg" "${first}/charts/net-flow-*.svg")
+    "${first}/charts/map-*.svg" "${first}/charts/well-*.svg" "${first}/charts/net-flow-*.svg"
+    "${first}/charts/derivative-*.svg")
 list(LENGTH pictures count)
-if(NOT count EQUAL 15) # nine maps, a picture of each of five wells, one of a region
-    message(SEND_ERROR "There are ${count} maps and pictures of wells and regions of ${first}: ${pictures}")
+if(NOT count EQUAL 19) # nine maps, a picture of each of five wells, one of a region, four of derivatives
+    message(SEND_ERROR "There are ${count} maps and pictures of wells, regions and derivatives of ${first}: ${pictures}")
 endif()
 foreach(folder IN LISTS FOLDERS)
     report("${folder}" cells rest)

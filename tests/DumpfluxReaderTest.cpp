@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <random>
 #include <string>
 #include <tuple>
@@ -238,10 +241,13 @@ TEST(DumpfluxReader, NeedsNoGridForAnythingButCells)
         {-1, 0, 5, "-1"},     {most, 1, 1, "2147483647"}, {-3, 4, 2, "-24"},         {0, most, most, "0"},
         {most, 2, 1, "none"}, {most, most, 4, "none"},    {most, most, most, "none"}};
     for (const auto& [nx, ny, nz, cells] : rows) {
-        reader.read(fluxCase("FLUX", {5, 7, 11}, dumpfluxIntehead(nx, ny, nz)).write());
+        const DumpfluxCase odd = fluxCase("FLUX", {5, 7, 11}, dumpfluxIntehead(nx, ny, nz));
+        reader.read(odd.write());
         std::string found = "none";
         thrownBy([&] { found = std::to_string(reader.numCells()); });
         EXPECT_EQ(found, cells);
+        const bool hasCells = thrownBy([&] { reader.getArray("WATFLUX", 0, values, first, second); }) == "-";
+        EXPECT_EQ(hasCells, nx != 0 && ny != 0) << "whatever they are good for";
     }
 }
 
@@ -272,12 +278,45 @@ TEST(DumpfluxReader, CutsWellArraysIntoWells)
         EXPECT_FALSE(reader.getWellArray(well, array, time, values)) << well << array << time;
         EXPECT_THAT(values, IsEmpty());
     }
+}
 
-    dump = DumpfluxCase();
-    dump.head("MA10").range(0, 1).array("WELLNAME", Strings{"A"}).array("WELLCOMP", comp).array("WELLFLOW", Doubles(5));
-    reader.read(dump.write());
-    EXPECT_FALSE(reader.getWellArray("A", "WELLCOMP", 0, values)) << "of unknown components";
-    EXPECT_TRUE(reader.getWellArray("A", "WELLFLOW", 0, values));
+TEST(DumpfluxReader, CutsNothingByImpossibleNumbersOfComponents)
+{
+    const std::tuple<const char*, int, bool> rows[] = {
+        {"MA10", 2, true}, {"MB30", 0, true}, {"MB30", -2, true}, {"MB30", 1 << 30, false}};
+    for (const auto& [simulator, components, loads] : rows) {
+        SCOPED_TRACE(std::string(simulator) + " " + std::to_string(components));
+        Integers intehead = dumpfluxIntehead();
+        intehead[1] = components;
+        DumpfluxCase dump;
+        dump.head(simulator, "FLUX", intehead).range(0, 1).array("WELLNAME", Strings{"A"});
+        dump.array("WELLFLOW", Doubles(5, 1.0)).array("WELLCOMP", Doubles(12));
+        DumpfluxReader reader;
+        reader.read(dump.write());
+        EXPECT_EQ(reader.numComponents(), simulator == std::string("MB30") ? components : -1);
+        Doubles values;
+        EXPECT_EQ(thrownBy([&] { reader.getWellArray("A", "WELLCOMP", 0, values); }) == "-", loads);
+        EXPECT_FALSE(reader.getWellArray("A", "WELLCOMP", 0, values));
+        EXPECT_TRUE(reader.getWellArray("A", "WELLFLOW", 0, values));
+    }
+}
+
+TEST(DumpfluxReader, FindsTimeRangesBeyondTwoGibibytes)
+{
+    constexpr std::int32_t hole = 1 << 30;
+    const std::string mark = KeywordFileBuilder::int32(hole);
+    DumpfluxCase dump = fluxCase(), end;
+    dump.file.header("HUGE", hole / 4, "DOUB").raw(mark);
+    end.file.raw(mark);
+    end.range(10, 20).array("WATFLUX", Doubles{1, 2, 3});
+    const std::string path = dump.write();
+    for (const std::string& behindHole : {mark + mark, end.file.bytes()}) {
+        std::filesystem::resize_file(path, std::filesystem::file_size(path) + hole);
+        std::ofstream(path, std::ios::binary | std::ios::app) << behindHole;
+    }
+    DumpfluxReader reader;
+    reader.read(path);
+    EXPECT_THAT(ask(reader, 15).values, ElementsAre(1, 2, 3));
 }
 
 TEST(DumpfluxReader, HoldsWhatTheLastReadFound)
@@ -303,6 +342,9 @@ TEST(DumpfluxReader, HoldsWhatTheLastReadFound)
     reader.read(path);
     EXPECT_EQ(reader.file().GetFullName(), path);
     EXPECT_TRUE(askRegion(reader, 1).isGood);
+    const std::string array = *reader.dataArrayNames().begin();
+    reader.read(*reader.dataArrayNames().begin()); // no such file
+    expectEmpty(array);
     reader.read(path + "x");
     expectEmpty("CASE.FLUXx");
     reader.read(path);

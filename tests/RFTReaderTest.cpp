@@ -4,8 +4,10 @@
 #include <mrlio/RFTReader.h>
 #include <mrlio/RFTReaderEnvironment.h>
 
+#include <boost/lexical_cast/bad_lexical_cast.hpp>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
-#include <type_traits>
 
 namespace MrlIOTest {
 namespace {
@@ -219,6 +221,28 @@ TEST_F(RFTReaderTest, TellsStaleIndexesByTheDateThatIsNotThere)
     EXPECT_THROW(values("PRESSURE", "A", first), RFTReaderException);
     folder.write(fewReports());
     EXPECT_EQ(values("PRESSURE", "A", first), (Floats{1.0f, 2.0f})) << "a file that can't be opened spoils nothing";
+}
+
+/// Nearly all of the file are holes, in the two records of one array.
+TEST_F(RFTReaderTest, FilesOfTwoGibibytesOpenOncePerFlush)
+{
+    constexpr std::int32_t hole = 1 << 30;
+    const std::string mark = WellFile::int32(hole);
+    WellFile start = fewReports(), end;
+    folder.write(start.header("HUGE", hole / 2, "REAL").raw(mark));
+    end.raw(mark);
+    end.report(50.0f, 20, 2).well("A").keyword("SWAT", {6.0f});
+    for (const std::string& behindHole : {mark + mark, end.bytes()}) {
+        std::filesystem::resize_file(folder.file(), std::filesystem::file_size(folder.file()) + hole);
+        std::ofstream(folder.file(), std::ios::binary | std::ios::app) << behindHole;
+    }
+    for (int round = 0; round < 2; ++round) {
+        reader.read(folder.file());
+        EXPECT_EQ(values("SWAT", "A", 2), Floats{6.0f}) << "from beyond 2 GiB";
+        EXPECT_THROW(reader.read(folder.file()), boost::bad_lexical_cast);
+        EXPECT_EQ(reader.RFTFile().GetFileName(), "");
+        RFTReaderEnvironment::flushContentIndexCache(folder.directory(), "CASE");
+    }
 }
 
 TEST_F(RFTReaderTest, HoldsNoFileUnlessReadHasSucceeded)

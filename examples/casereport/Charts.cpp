@@ -37,8 +37,6 @@ const std::vector<ChartPlan>& plans()
     return table;
 }
 
-constexpr std::size_t mostCurves = 16; ///< more can't be told apart in one picture
-
 std::string periodText(const ISimpleSummaryReader& reader, const CaseCalendar& calendar)
 {
     const std::vector<float>& times = reader.timeStepDays();
@@ -51,15 +49,11 @@ bool isAllZero(const std::vector<float>& values)
     return std::all_of(values.begin(), values.end(), [](float value) { return value == 0.0F; });
 }
 
-void addCurve(Chart& chart, const ISimpleSummaryReader& reader, const SummaryVectorIDParams& vector, bool alone)
+void addVector(Chart& chart, const ISimpleSummaryReader& reader, const SummaryVectorIDParams& vector, bool alone)
 {
     const auto values = reader.getValues(vector);
     if (!values || isAllZero(*values))
         return;
-    if (chart.curves.size() == mostCurves) {
-        ++chart.leftOut;
-        return;
-    }
     const CaseCalendar calendar(reader);
     const std::vector<float>& times = reader.timeStepDays();
     Curve curve;
@@ -68,7 +62,7 @@ void addCurve(Chart& chart, const ISimpleSummaryReader& reader, const SummaryVec
         if (std::isfinite(times[n]))
             curve.points.emplace_back(calendar.days(times[n]), (*values)[n]);
     chart.units = reader.unit(vector);
-    chart.curves.push_back(std::move(curve));
+    addCurve(chart, std::move(curve));
 }
 
 } // namespace
@@ -83,7 +77,7 @@ std::vector<Chart> makeCharts(const ISimpleSummaryReader& reader, const std::str
         chart.subtitle = "Case " + caseName + ", " + periodText(reader, calendar);
         for (const char* keyword : plan.keywords)
             for (const SummaryVectorIDParams& vector : vectorsOf(reader, keyword))
-                addCurve(chart, reader, vector, plan.keywords.size() == 1);
+                addVector(chart, reader, vector, plan.keywords.size() == 1);
         if (!chart.curves.empty())
             charts.push_back(std::move(chart));
     }

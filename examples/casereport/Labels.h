@@ -14,4 +14,11 @@ std::string labelOf(typename Enumeration::Enum value)
     return Kvt::Mrl::MrlIO::Service::findLabel<Enumeration>(value, label) ? label : "?";
 }
 
+/// Name and domains, by which parameters are told apart.
+inline std::string labelOf(const Kvt::Mrl::MrlIO::GRFTParameter& parameter)
+{
+    const std::string label = parameter.name + " " + std::to_string(parameter.domain);
+    return parameter.domain2 < 0 ? label : label + " " + std::to_string(parameter.domain2);
+}
+
 } // namespace casereport

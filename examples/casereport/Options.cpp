@@ -9,7 +9,7 @@ namespace casereport {
 const char* const usage =
     "Usage: casereport DIRECTORY CASE [options]\n"
     "Says what a case holds, prints vectors over time, draws them, maps of its layers, profiles of\n"
-    "its wells and the flow out of its regions.\n"
+    "its wells, derivatives by parameters and the flow out of its regions.\n"
     "  --vectors LIST      for the table: KEYWORD, KEYWORD:NAME or KEYWORD:NUMBER, by commas\n"
     "  --rows N            most rows of each table (25)\n"
     "  --charts DIRECTORY  draw SVG pictures there, with an index.html\n"

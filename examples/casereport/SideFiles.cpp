@@ -27,6 +27,8 @@ SideFiles::SideFiles(const std::string& directory, const std::string& caseName)
     const CaseFileFinder finder(caseName, directory);
     const auto any = FileIdentifiers::DataFormat::DefaultAll();
     tryTo([&] { wells_ = readerOf<RFTReader>(FileFinders::RFT::findFile(finder, any)); });
+    tryTo([&] { gradients_ = readerOf<GRFTReader>(FileFinders::GRFT::findFile(finder, any)); });
+    tryTo([&] { matchData_ = readerOf<HMDReader>(FileFinders::HMD::findFile(finder, any)); });
     tryTo([&] { fluxes_ = readerOf<DumpfluxReader>(FileFinders::Dumpflux::findFile(finder, any)); });
     tryTo([&] {
         const std::filesystem::path path = std::filesystem::path(directory) / (caseName + ".MSG");

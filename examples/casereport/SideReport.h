@@ -9,11 +9,11 @@
 
 namespace casereport {
 
-/// What lies beside summary and cells: well results, flows, messages. A file that proves to be damaged is complained of,
+/// What lies beside summary and cells: well results, derivatives, flows, messages. A file that proves to be damaged is complained of,
 /// and doesn't keep the others from being shown.
 void printSideFiles(std::ostream& out, const SideFiles& files, int mostRows);
 
-/// Pictures of well results, and of flows if there is a summary: a flux file knows no dates.
+/// Pictures of well results, and of derivatives and flows if there is a summary, which has the dates that the others lack.
 ///
 /// summary   may be null
 /// out       for what can't be drawn

@@ -9,6 +9,7 @@
 #include <iterator>
 #include <numeric>
 #include <sstream>
+#include <utility>
 
 namespace casereport {
 
@@ -17,6 +18,7 @@ namespace {
 constexpr double width = 960, height = 540;
 constexpr double left = 92, right = 190, top = 74, bottom = 62;
 constexpr double plotWidth = width - left - right, plotHeight = height - top - bottom;
+constexpr std::size_t mostCurves = 16;
 constexpr double mostDays = 2e6;         ///< of the time axis
 constexpr double longestInDays = 80.0;   ///< a longer time axis counts in months
 constexpr double smallPart = 1e-6;       ///< of a day, which rounding may take off a midnight
@@ -247,6 +249,14 @@ void drawCurveNames(std::ostream& out, const Chart& chart)
 }
 
 } // namespace
+
+void addCurve(Chart& chart, Curve curve)
+{
+    if (chart.curves.size() < mostCurves)
+        chart.curves.push_back(std::move(curve));
+    else
+        ++chart.leftOut;
+}
 
 std::string drawChart(const Chart& chart, const CaseCalendar& calendar)
 {

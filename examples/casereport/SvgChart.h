@@ -24,6 +24,9 @@ struct Chart
     std::size_t leftOut = 0; ///< curves for which there was no room
 };
 
+/// Puts a curve into the chart, if there is room for one more that can be told apart from the others.
+void addCurve(Chart& chart, Curve curve);
+
 /// An SVG document of lines over a time axis with dates, a legend and a grid in round numbers.
 std::string drawChart(const Chart& chart, const CaseCalendar& calendar);
 

@@ -7,7 +7,8 @@
 
 namespace checkcase {
 
-/// What the summary holds of a well under a keyword, one value for each mini step; empty if there is no such vector.
+/// What the summary holds of a well or group under a keyword, or without a name of the field: one value for each mini
+/// step; empty if there is no such vector.
 std::vector<float> wellVector(const Kvt::Mrl::MrlIO::ISimpleSummaryReader& summary, const std::string& keyword,
                               const std::string& well);
 

@@ -2,6 +2,7 @@
 /// what read them.
 
 #include "FluxChecks.h"
+#include "GradientChecks.h"
 #include "WellChecks.h"
 
 #include <exception>
@@ -19,6 +20,26 @@ std::string found(const std::string& file, const char* kind)
     if (file.empty())
         throw std::runtime_error(std::string("the case has no ") + kind);
     return file;
+}
+
+/// What a case need not have: derivatives. Their two files come together.
+void checkGradients(const CaseFileFinder& finder, const RFTReader& wells, const ISimpleSummaryReader& summary,
+                    Comparison& comparison)
+{
+    const auto any = FileIdentifiers::DataFormat::DefaultAll();
+    const std::string gradientFile = FileFinders::GRFT::findFile(finder, any);
+    const std::string matchFile = FileFinders::HMD::findFile(finder, any);
+    if (gradientFile.empty() && matchFile.empty())
+        return;
+    GRFTReader gradients;
+    gradients.read(found(gradientFile, "gradients"));
+    HMDReader matchData;
+    matchData.read(found(matchFile, "history match data"));
+
+    compareWithWells(gradients, wells, comparison);
+    compareWithGradients(matchData, gradients, comparison);
+    compareWithSummary(matchData, summary, comparison);
+    compareWithField(matchData, comparison);
 }
 
 void checkCase(const std::string& directory, const std::string& caseName, Comparison& comparison)
@@ -42,6 +63,7 @@ void checkCase(const std::string& directory, const std::string& caseName, Compar
     compareWithSummary(wells, *summary, comparison);
     compareRegions(fluxes, comparison);
     compareWithSummary(fluxes, *summary, comparison);
+    checkGradients(finder, wells, *summary, comparison);
     compareWithMessages(fluxes, (std::filesystem::path(directory) / (caseName + ".MSG")).string(), comparison);
 }
 

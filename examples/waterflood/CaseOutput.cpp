@@ -22,12 +22,15 @@ CaseOutput::CaseOutput(const Options& options, const Simulator& simulator)
       cells_(options.randomOrder ? makeRandomOrderOutput(options) : makeSequentialOutput(options)),
       wells_(options),
       fluxes_(options, simulator, region_),
-      messages_(options, simulator, region_)
+      messages_(options, simulator, region_),
+      gradients_(makeGradientOutput(options, simulator.reservoir()))
 {
     writeGridFile(options, simulator.reservoir());
     cells_->writeInitial(simulator);
     cells_->writeStep(simulator, 0);
     wells_.writeReport(simulator);
+    if (gradients_)
+        gradients_->writeReport(simulator);
     summary_.record(simulator);
 }
 
@@ -35,6 +38,8 @@ void CaseOutput::recordStep(const Simulator& simulator)
 {
     fluxes_.record(simulator);
     messages_.watch(simulator);
+    if (gradients_)
+        gradients_->record(simulator);
     summary_.record(simulator);
 }
 
@@ -44,6 +49,8 @@ void CaseOutput::endReportStep(const Simulator& simulator, int reportStep)
     wells_.writeReport(simulator);
     fluxes_.endReportStep(simulator, reportStep);
     messages_.endReportStep(simulator, reportStep);
+    if (gradients_)
+        gradients_->endReportStep(simulator);
     summary_.endReportStep();
 }
 

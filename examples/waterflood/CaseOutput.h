@@ -2,6 +2,7 @@
 
 #include "CellOutput.h"
 #include "FluxOutput.h"
+#include "GradientOutput.h"
 #include "MessageOutput.h"
 #include "RftOutput.h"
 #include "SummaryOutput.h"
@@ -33,6 +34,7 @@ private:
     RftOutput wells_;
     FluxOutput fluxes_;
     MessageOutput messages_;
+    std::unique_ptr<GradientOutput> gradients_; ///< null if they aren't wanted
 };
 
 } // namespace waterflood

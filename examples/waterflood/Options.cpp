@@ -20,6 +20,7 @@ const char* const usage = "Usage: waterflood DIRECTORY CASE [options]\n"
                           "  --split             a file per report step in place of unified ones\n"
                           "  --local-grid        also a local grid around PROD1, which is completed in it\n"
                           "  --random-order      write the grids side by side in place of one after the other\n"
+                          "  --gradients         also the derivatives by parameters of the model: two more runs\n"
                           "  --overwrite         replace the files of an earlier run\n"
                           "  --help              this text\n";
 
@@ -59,6 +60,8 @@ bool parseFlag(std::string_view name, Options& options)
         options.localGrid = true;
     else if (name == "--random-order")
         options.randomOrder = true;
+    else if (name == "--gradients")
+        options.gradients = true;
     else if (name == "--overwrite")
         options.overwrite = true;
     else if (name == "--help")

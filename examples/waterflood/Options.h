@@ -20,6 +20,7 @@ struct Options
     bool unified = true;
     bool localGrid = false;
     bool randomOrder = false; ///< grids side by side through the random-order writers
+    bool gradients = false;   ///< derivatives by parameters of the model, which takes a run for each
     bool overwrite = false;
     bool help = false;
 };

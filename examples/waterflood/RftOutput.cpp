@@ -1,71 +1,12 @@
 #include "RftOutput.h"
 
-#include "WellTables.h"
-#include "WriterSettings.h"
-
-#include <chrono>
-#include <cmath>
-#include <filesystem>
-#include <sstream>
-#include <stdexcept>
+#include "WellBlock.h"
 
 namespace waterflood {
 
 namespace {
 
 using namespace Kvt::Mrl::MrlIO;
-
-using Integers = KeywordINTE;
-using Reals = KeywordTmpl<ValueType::REAL>;
-using Words = KeywordCHAR;
-
-/// Day, month and year.
-std::vector<int> dateAt(double days)
-{
-    const Service::YearMonthDay start = startDate();
-    const std::chrono::sys_days first = std::chrono::year(static_cast<int>(start.Year())) /
-                                        std::chrono::month(start.Month()) / std::chrono::day(start.Day());
-    const std::chrono::year_month_day date = first + std::chrono::days(static_cast<int>(std::floor(days)));
-    return {static_cast<int>(static_cast<unsigned>(date.day())), static_cast<int>(static_cast<unsigned>(date.month())),
-            static_cast<int>(date.year())};
-}
-
-/// What the report is about, and in which units: blank words are of no use to readers.
-std::vector<std::string> wellWords(const Well& well, const std::string& localGrid)
-{
-    return {"DAYS",    well.name, localGrid, "METRES", "BARSA", "",   well.multiSegment ? "MULTISEG" : "STANDARD",
-            "SM3/DAY", "SM3/DAY", "RM3/DAY", "M/SEC",  "",      "CP", "KG/SM3",
-            "KG/DAY",  "KG/KG",   "C",       "KG/M3",  "KJ"};
-}
-
-/// A value of each connection.
-template <class Value>
-Reals perConnection(const char* name, const WellState& state, const Value& value)
-{
-    std::vector<float> values;
-    for (const ConnectionFlow& connection : state.connections)
-        values.push_back(static_cast<float>(value(connection)));
-    return {name, values};
-}
-
-/// Which cells the well goes through: those of the local grid where it is completed there.
-void writePlaces(KeywordWriter& writer, const WellConnections& connections)
-{
-    std::vector<int> i, j, k;
-    std::vector<std::string> grids;
-    for (int n = 0; n < connections.size(); ++n) {
-        const bool isLocal = connections.isInLgr(n);
-        const GridCellCoordinates cell = isLocal ? connections.getLgrCell(n) : connections.getCell(n);
-        i.push_back(static_cast<int>(cell.getI()));
-        j.push_back(static_cast<int>(cell.getJ()));
-        k.push_back(static_cast<int>(cell.getK()));
-        grids.push_back(isLocal ? connections.getLgrName(n) : std::string());
-    }
-    writer.write(Integers("CONIPOS", i));
-    writer.write(Integers("CONJPOS", j));
-    writer.write(Integers("CONKPOS", k));
-    writer.write(Words("HOSTGRID", grids));
-}
 
 /// What a tool that is let down the well would measure in the rock.
 void writeFormation(KeywordWriter& writer, const Simulator& simulator, const WellState& state)
@@ -112,41 +53,24 @@ void writeSegments(KeywordWriter& writer, const Simulator& simulator, const Well
 
 void writeWell(KeywordWriter& writer, const Simulator& simulator, std::size_t n)
 {
-    const Well& well = simulator.reservoir().wells[n];
     const WellState& state = simulator.wells()[n];
-    const WellConnections connections(simulator, n);
-    writer.write(Reals("TIME", {static_cast<float>(simulator.days())}));
-    writer.write(Integers("DATE", dateAt(simulator.days())));
-    writer.write(Words("WELLETC", wellWords(well, connections.getLgrName(0))));
-    writePlaces(writer, connections);
+    beginWellBlock(writer, simulator, n);
     writeFormation(writer, simulator, state);
     writeInflow(writer, simulator, state);
-    if (well.multiSegment)
+    if (simulator.reservoir().wells[n].multiSegment)
         writeSegments(writer, simulator, state);
 }
 
 } // namespace
 
-RftOutput::RftOutput(const Options& options)
-    : path_((std::filesystem::path(options.directory) / (options.caseName + (options.formatted ? ".FRFT" : ".RFT")))
-                .string()),
-      formatted_(options.formatted)
-{
-    if (!options.overwrite && std::filesystem::exists(path_))
-        throw std::runtime_error(path_ + " already exists");
-    file_.open(path_, std::ios::binary);
-}
+RftOutput::RftOutput(const Options& options) : file_(options, ".RFT", ".FRFT") {}
 
-/// The report goes to the file in one piece, so that it ends behind a whole report for whoever looks at it meanwhile.
 void RftOutput::writeReport(const Simulator& simulator)
 {
-    std::ostringstream report(std::ios::binary);
-    KeywordWriter writer(report, formatted_, Service::FileName(path_));
-    for (std::size_t n = 0; n < simulator.wells().size(); ++n)
-        writeWell(writer, simulator, n);
-    file_ << report.str() << std::flush;
-    if (!file_)
-        throw std::runtime_error("can't write " + path_);
+    file_.append([&](KeywordWriter& writer) {
+        for (std::size_t n = 0; n < simulator.wells().size(); ++n)
+            writeWell(writer, simulator, n);
+    });
 }
 
 } // namespace waterflood

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "Options.h"
+#include "ReportFile.h"
 #include "Simulator.h"
-
-#include <fstream>
 
 namespace waterflood {
 
@@ -18,9 +17,7 @@ public:
     void writeReport(const Simulator& simulator);
 
 private:
-    std::string path_;
-    bool formatted_;
-    std::ofstream file_;
+    ReportFile file_;
 };
 
 } // namespace waterflood

@@ -21,9 +21,9 @@ public:
     /// caseRoot   path of the case without an extension: "/cases/CASE"
     explicit DSPFileUtil(const std::string& caseRoot);
 
-    /// True if there is such a directory, and also if there is a shortcut that can't be resolved: a damaged or unreadable
-    /// one, or one that holds no path. A symbolic link to nothing and a shortcut to something else than a directory count
-    /// for nothing. Never throws for what it finds.
+    /// True if there is such a directory, and also if there is a shortcut that can't be resolved: a damaged or
+    /// unreadable one, or one that holds no path. A symbolic link to nothing, and a shortcut to something else than a
+    /// directory, count for nothing. Never throws for what it finds.
     bool isDSPCase();
 
     /// Path of the directory. Of a shortcut that can't be resolved it is the path of the shortcut itself, which ends in

@@ -135,7 +135,8 @@ public:
 
     /// The values of a well: WELLFLOW has the oil, water and gas rates, the reservoir volume rate and the energy
     /// production rate; WELLCOMP the molar rates of all components, then their liquid rates, then their vapour rates.
-    /// returns   false, with empty values, if the time range has none for the well, or the number of components isn't known
+    /// returns   false, with empty values, if the time range has none for the well; WELLCOMP has none if the file doesn't
+    ///           tell how many components there are
     /// throws    MrlIOException if the time range can't be read
     bool getWellArray(const std::string& wellName, const std::string& arrayName, double time,
                       std::vector<double>& values) const;

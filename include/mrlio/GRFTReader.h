@@ -41,10 +41,10 @@ class GRFTReaderImpl;
 /// false for the rest as if it weren't in the file. A new read starts afresh.
 ///
 /// The cache is trusted if the file's name, length and time of last change (in whole seconds) agree with it. One of
-/// another version, or with a part missing, is made anew. With one that is no XML, or holds a text where a number belongs,
-/// read throws until GRFTReaderEnvironment::flushContentIndexCache is called. So it does for each file of 2 GiB or more
-/// that has a cache, with boost::bad_lexical_cast, which is no MrlIOException: such a file opens once after each flush. Of parameters with negative
-/// second domains the cache keeps -1.
+/// another version, or that lacks a part, is made anew. With one that isn't XML, or holds a text in place of a number,
+/// read throws until GRFTReaderEnvironment::flushContentIndexCache is called. So it does for each file of 2 GiB or
+/// more that has a cache, with boost::bad_lexical_cast, which is no MrlIOException: such files open once per flush.
+/// Of parameters with negative second domains the cache keeps -1.
 ///
 /// Failures are GRFTReaderException where this class itself finds them, and other kinds of MrlIOException where the
 /// layers below do: catch MrlIOException. Without a file, that is before any read and after one that failed, each
@@ -76,8 +76,8 @@ public:
     /// The parameters in the order in which the file names them first. The type of each is the one that it has there.
     const std::vector<GRFTParameter>& parameters() const;
 
-    /// The reports: their dates, and their times in the unit that timeUnit() tells. One whose time lies above that of the
-    /// one before by no more than a hundred-thousandth is a report of its own, but the one before has its arrays too.
+    /// The reports: their dates, and their times in the unit that timeUnit() tells. One whose time lies above that of
+    /// the one before by no more than a hundred-thousandth is one of its own, but the one before has its arrays, too.
     const std::vector<Service::YearMonthDay>& dates() const;
     const std::vector<float>& times() const;
 

@@ -32,9 +32,9 @@ class HMDReaderImpl;
 /// answer false for the rest as if it weren't in the file. A new read starts afresh.
 ///
 /// The cache is trusted if the file's name, length and time of last change (in whole seconds) agree with it. One of
-/// another version, or with a part missing, is made anew. With one that is no XML, or holds a text where a number belongs,
-/// read throws until HMDReaderEnvironment::flushContentIndexCache is called. So it does for each file of 2 GiB or more
-/// that has a cache, with boost::bad_lexical_cast, which is no MrlIOException: such a file opens once after each flush.
+/// another version, or that lacks a part, is made anew. With one that isn't XML, or holds a text in place of a number,
+/// read throws until HMDReaderEnvironment::flushContentIndexCache is called. So it does for each file of 2 GiB or
+/// more that has a cache, with boost::bad_lexical_cast, which is no MrlIOException: such files open once per flush.
 ///
 /// Failures are HMDReaderException where this class itself finds them, and other kinds of MrlIOException where the
 /// layers below do: catch MrlIOException. Without a file, that is before any read and after one that failed, each

@@ -30,9 +30,9 @@ class MessageWriterImpl;
 ///     </warning>
 ///     </morvane>
 ///
-/// The writer may be closed and opened again as often as a run likes; behind each close the file is whole. Whether it is
-/// well-formed XML is also up to the caller, since attributes and control characters are written as they come. Each message
-/// goes to the system at once and with one write, so that other processes, which may read the file at any time,
+/// The writer may be closed and opened again as often as a run likes; behind each close the file is whole. Whether it
+/// is well-formed XML is up to the caller, too, since attributes and control characters are written as they come. Each
+/// message goes to the system at once and with one write, so that other processes, which may read the file at any time,
 /// see whole messages. One thread at a time.
 class MRLIO_EXPORT MessageWriter
 {

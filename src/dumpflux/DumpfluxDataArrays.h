@@ -3,29 +3,30 @@
 #include <map>
 #include <span>
 #include <utility>
+#include <vector>
 
 namespace Kvt::Mrl::MrlIO {
 
-/// Where the arrays of one time range lie. Names are the numbers that a NameIndexer gives; what isn't there is empty.
+/// The arrays of one time range. Names are the numbers that a NameIndexer gives; what isn't there is empty.
 class DumpfluxDataArrays
 {
 public:
-    using Values = std::span<const double>;
+    using Values = std::vector<double>;
 
-    void store(int array, Values values) { arrays_[array] = values; }
+    void store(int array, Values values) { arrays_[array] = std::move(values); }
 
-    void store(int array, int well, Values values) { wellArrays_[{array, well}] = values; }
+    void store(int array, int well, Values values) { wellArrays_[{array, well}] = std::move(values); }
 
-    Values find(int array) const { return find(arrays_, array); }
+    std::span<const double> find(int array) const { return find(arrays_, array); }
 
-    Values find(int array, int well) const { return find(wellArrays_, std::pair(array, well)); }
+    std::span<const double> find(int array, int well) const { return find(wellArrays_, std::pair(array, well)); }
 
 private:
     template <class Key>
-    static Values find(const std::map<Key, Values>& values, const Key& key)
+    static std::span<const double> find(const std::map<Key, Values>& values, const Key& key)
     {
         const auto place = values.find(key);
-        return place != values.end() ? place->second : Values();
+        return place != values.end() ? std::span<const double>(place->second) : std::span<const double>();
     }
 
     std::map<int, Values> arrays_;

@@ -6,6 +6,9 @@
 #include <mrlio/KeywordHeader.h>
 #include <mrlio/MrlIOException.h>
 
+#include <cstddef>
+#include <utility>
+
 namespace Kvt::Mrl::MrlIO {
 
 namespace {
@@ -76,10 +79,10 @@ void DumpfluxDataLoaderIncremental::loadArrays(DumpfluxWalk& walk, std::int64_t 
         const std::string& name = walk.name();
         block.lastKeyword = name;
         if (index_.dataArrayNames.contains(name)) {
-            const auto values = values_.read(walk.reader(), walk.header());
-            if (!values)
+            std::vector<double> values;
+            if (!walk.reader().readDataVector(walk.header(), values))
                 walk.failReading(name);
-            arrays.store(arrays_.index(name), *values);
+            arrays.store(arrays_.index(name), std::move(values));
         } else if (name == WELLNAME)
             block.names = walk.strings();
         else if (index_.wellDataArrayNames.contains(name))
@@ -91,22 +94,21 @@ void DumpfluxDataLoaderIncremental::loadWells(DumpfluxWalk& walk, DumpfluxDataAr
 {
     if (block.names.empty())
         return;
+    std::vector<double> values;
     for (const KeywordHeader& header : block.arrays) {
         // The text names the last keyword of the walk, not this one. Kept so.
-        const auto values = values_.read(walk.reader(), header);
-        if (!values)
+        if (!walk.reader().readDataVector(header, values))
             walk.failReading(block.lastKeyword);
         const std::size_t length = valuesPerWell(header.name());
         if (length == 0)
             continue;
-        if (values->size() % length != 0 || values->size() / length > block.names.size())
-            fail<DumpfluxReaderException>(inLoadData, ": ", values->size(), " values of ", header.name(), " for ",
+        if (values.size() % length != 0 || values.size() / length > block.names.size())
+            fail<DumpfluxReaderException>(inLoadData, ": ", values.size(), " values of ", header.name(), " for ",
                                           block.names.size(), " wells");
-        auto rest = *values;
-        for (std::size_t well = 0; !rest.empty(); ++well) {
-            arrays.store(arrays_.index(header.name()), wells_.index(block.names[well]), rest.first(length));
-            rest = rest.subspan(length);
-        }
+        const int array = arrays_.index(header.name());
+        auto well = block.names.begin();
+        for (auto rest = values.begin(); rest != values.end(); rest += static_cast<std::ptrdiff_t>(length))
+            arrays.store(array, wells_.index(*well++), {rest, rest + static_cast<std::ptrdiff_t>(length)});
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include "dumpflux/DumpfluxContentIndex.h"
 #include "dumpflux/DumpfluxDataArrays.h"
-#include "dumpflux/DumpfluxValueStore.h"
 #include "dumpflux/DumpfluxWalk.h"
 #include "dumpflux/IDumpfluxDataLoader.h"
 #include "wellresults/Indexers.h"
@@ -41,7 +40,6 @@ private:
     std::vector<std::shared_ptr<DumpfluxDataArrays>> ranges_; // null until asked for
     NameIndexer wells_;
     NameIndexer arrays_;
-    DumpfluxValueStore values_;
 };
 
 } // namespace Kvt::Mrl::MrlIO

@@ -4,13 +4,15 @@
 #include "service/Delegates.h"
 
 #include <span>
+#include <utility>
 
 namespace Kvt::Mrl::MrlIO {
 
 void DumpfluxReaderImpl::read(const std::string& fileName)
 {
+    Service::FileName file(fileName); // first, since the text may be one of the answers
     clear();
-    file_ = fileName;
+    file_ = std::move(file);
     Service::DelegateBase guard(Service::onDestruction(*this, &DumpfluxReaderImpl::clear));
     index();
     guard.Disarm();
