@@ -400,34 +400,35 @@ TEST_F(DumpfluxWriterTest, TimeRanges)
     }
 }
 
+// Not local to their test: clang gives the lambdas of a local class one and the same name.
+struct Calling final : IDumpfluxPropertyArray
+{
+    int size() const override { return onSize(); }
+
+    double getValue(int) const override
+    {
+        onGet();
+        return 1.0;
+    }
+
+    std::string getName() const override { return name; }
+
+    std::function<int()> onSize = [] { return 2; };
+    std::function<void()> onGet = [] { throw std::range_error("value"); };
+    std::string name = "FLUXOIL";
+};
+
+struct One final : IDumpfluxPropertiesArray
+{
+    int size() const override { return 1; }
+
+    const IDumpfluxPropertyArray& get(int) const override { return property; }
+
+    Calling property;
+};
+
 TEST_F(DumpfluxWriterTest, ArraysThatMisbehaveLeaveTheFile)
 {
-    struct Calling final : IDumpfluxPropertyArray
-    {
-        int size() const override { return onSize(); }
-
-        double getValue(int) const override
-        {
-            onGet();
-            return 1.0;
-        }
-
-        std::string getName() const override { return name; }
-
-        std::function<int()> onSize = [] { return 2; };
-        std::function<void()> onGet = [] { throw std::range_error("value"); };
-        std::string name = "FLUXOIL";
-    };
-
-    struct One final : IDumpfluxPropertiesArray
-    {
-        int size() const override { return 1; }
-
-        const IDumpfluxPropertyArray& get(int) const override { return property; }
-
-        Calling property;
-    };
-
     One one;
     const auto writeOne = [&](double start) {
         return refusal([&] { writer.write(range(start, start + 10), one, noWells); });

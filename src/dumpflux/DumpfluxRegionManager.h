@@ -39,9 +39,9 @@ public:
     virtual bool cells(Cells& first, Cells& second);
     virtual bool cells(Indexes& first, Indexes& second) const;
 
-    /// The same for the connections of one region; false, too, for an unknown one.
-    virtual bool cells(int region, Cells& outer, Cells& inner);
-    virtual bool cells(int region, Indexes& outer, Indexes& inner);
+    /// The same for the connections of the region of that number; false, too, for an unknown one.
+    virtual bool cells(int number, Cells& outer, Cells& inner);
+    virtual bool cells(int number, Indexes& outer, Indexes& inner);
 
     virtual bool rawData(Cells& first, Cells& second, Indexes& direction, Indexes& firstRegion, Indexes& secondRegion,
                          std::vector<bool>& required);
@@ -50,7 +50,7 @@ public:
 
     /// Turns the values of all connections into those that a region sees.
     /// False, with `ofRegion` empty, for an unknown region, a wrong number of values and an unknown boundary type.
-    virtual bool values(int region, std::span<const double> values, std::vector<double>& ofRegion);
+    virtual bool values(int number, std::span<const double> values, std::vector<double>& ofRegion);
 
 private:
     /// The connections of a region, and the cells at their ends: those of `asFirst` come first.
@@ -66,7 +66,7 @@ private:
 
     void read();
     std::span<const int> column(std::size_t number) const;
-    Region* find(int region);
+    Region* find(int number);
     void fill(int number, Region& region) const;
     void makeCells(std::span<const int> indexes, Cells& cells);
     void columns(Indexes& direction, Indexes& firstRegion, Indexes& secondRegion, std::vector<bool>& required) const;

@@ -41,10 +41,12 @@ public:
             fail<E>(openingWhere ? openingWhere : where, ": reader not initialized");
     }
 
-    /// Goes to a keyword whose place is remembered; next() gives the one behind it.
+    /// Goes to a keyword whose place is remembered; next() gives the one behind it. Ends the skimming.
     /// throws   E if another keyword stands there, or none
     void startAt(const char* name, std::int64_t position)
     {
+        skimmer_.reset(); // it stands elsewhere
+        isHeaderOld_ = false;
         if (!headerAt(*reader_, position, header_) || header_.name() != name)
             failReading(name);
     }
