@@ -1,11 +1,9 @@
 #pragma once
 
 #include "dumpflux/DumpfluxContentIndex.h"
+#include "dumpflux/DumpfluxDataLoaderIncremental.h"
 #include "dumpflux/DumpfluxRegionManager.h"
-#include "dumpflux/IDumpfluxDataLoader.h"
-
-#include <mrlio/service/FileName.h>
-#include <mrlio/service/Namespaces.h>
+#include "wellresults/ReaderState.h"
 
 #include <memory>
 #include <string>
@@ -14,14 +12,9 @@
 namespace Kvt::Mrl::MrlIO {
 
 /// The parts of a reader, each made when it is first needed.
-class DumpfluxReaderImpl
+class DumpfluxReaderImpl : public ReaderState<DumpfluxReaderImpl, DumpfluxContentIndex, DumpfluxDataLoaderIncremental>
 {
 public:
-    void read(const std::string& fileName);
-
-    const Service::FileName& file() const { return file_; }
-
-    const DumpfluxContentIndex& index();
     DumpfluxRegionManager& connections();
 
     bool wellArray(const std::string& well, const std::string& array, double time, std::vector<double>& values);
@@ -42,16 +35,13 @@ public:
         return connections().cells(region, outer, inner) && hasValues;
     }
 
+    void forgetAnswers() { connections_.reset(); }
+
 private:
-    void clear();
-    IDumpfluxDataLoader& loader();
     bool allValues(const std::string& array, double time, std::vector<double>& values);
     bool regionValues(const std::string& array, double time, std::vector<double>& values, int region);
 
-    Service::FileName file_;
-    std::unique_ptr<const DumpfluxContentIndex> index_;
     std::unique_ptr<DumpfluxRegionManager> connections_;
-    std::unique_ptr<IDumpfluxDataLoader> loader_;
 };
 
 } // namespace Kvt::Mrl::MrlIO

@@ -67,9 +67,10 @@ inline bool makeDate(int year, int month, int day, Service::YearMonthDay& date)
 }
 
 /// What such a file holds.
-template <class Family>
+template <class TheFamily>
 struct DatedContent
 {
+    using Family = TheFamily;
     using Well = WellInfo<typename Family::Categorizer>;
 
     // One per report, in file order: its date, its time in the time unit, and where its DATE keyword stands.

@@ -1,6 +1,5 @@
 #include "wellresults/grft/GRFTContentIndex.h"
 
-#include "wellresults/DatedCacheSections.h"
 #include "wellresults/grft/GRFTScan.h"
 
 #include <mrlio/GRFTReaderEnvironment.h>
@@ -57,49 +56,25 @@ const ContentCacheKind grftContentIndexCache{
     "loading or even a program crash.  This file may be deleted, in which case it will be re-generated the next time "
     "the GRFT data is loaded."};
 
-GRFTContentIndex::GRFTContentIndex(const Service::FileName& grftFile) : file_(grftFile)
+GRFTContentIndex::GRFTContentIndex(const Service::FileName& grftFile) : DatedContentIndex(grftFile)
 {
-    buildContentIndex(grftContentIndexCache, file_, *this, &GRFTReaderEnvironment::setLastLoadUsesXMLCache);
+    buildContentIndex(grftContentIndexCache, file(), *this, &GRFTReaderEnvironment::setLastLoadUsesXMLCache);
 }
 
 void GRFTContentIndex::scan()
 {
-    GRFTScan(content_, file_).run();
+    GRFTScan(content(), file()).run();
 }
 
-void GRFTContentIndex::clear()
+void GRFTContentIndex::writeOwnSections(Service::XML::XmlWriter& xml) const
 {
-    file_ = Service::FileName();
-    content_ = {};
+    writeParameters(xml, content());
 }
 
-void GRFTContentIndex::writeSections(Service::XML::XmlWriter& xml) const
+bool GRFTContentIndex::readOwnSections(Service::XML::XmlElement& section)
 {
-    writeUnits(xml, content_.units);
-    writeArrayNames(xml, content_.arrayNames, &content_.arrayTypes);
-    writeParameters(xml, content_);
-    writeWells(xml, content_);
-    writeDates(xml, content_);
-}
-
-bool GRFTContentIndex::readSections(Service::XML::XmlElement file)
-{
-    const auto units = file.next();
-    if (units.name() != unitsElement)
-        return false;
-    readUnits(units, content_.units);
-    const auto arrays = units.next();
-    if (arrays.name() != arraysElement ||
-        !readArrayNames(GRFTFamily::indexClass, arrays, content_.arrayNames, &content_.arrayTypes))
-        return false;
-    const auto parameters = arrays.next();
-    if (parameters.name() != parametersElement || !readParameters(parameters, content_))
-        return false;
-    const auto wells = parameters.next();
-    if (wells.name() != wellsElement || !readWells(wells, content_))
-        return false;
-    const auto dates = wells.next();
-    return dates.name() == datesElement && readDates(dates, content_);
+    section = section.next();
+    return section.name() == parametersElement && readParameters(section, content());
 }
 
 } // namespace Kvt::Mrl::MrlIO
