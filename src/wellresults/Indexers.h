@@ -1,5 +1,7 @@
 #pragma once
 
+#include "wellresults/NameSequence.h"
+
 #include <mrlio/service/Namespaces.h>
 #include <mrlio/service/YearMonthDay.h>
 
@@ -32,7 +34,15 @@ private:
     const std::pair<const Key, int>* last_ = nullptr;
 };
 
-using NameIndexer = Indexer<std::string>;
+/// The same for names, which callers and files mostly go through in one order time and again.
+class NameIndexer
+{
+public:
+    int index(const std::string& name) { return static_cast<int>(names_.number(name)); }
+
+private:
+    NameSequence names_;
+};
 
 /// Finds the index of a date. Of equal dates the last one counts. Since callers walk the dates in order, the place
 /// found last and the one after it are tried before the search.
