@@ -43,8 +43,10 @@ bool HeaderSkimmer::next()
         ByteOrder::loadInt32(bytes + endMarkOffset) != headerContentLength)
         return false;
     const std::int64_t size = ByteOrder::loadInt32(bytes + countOffset);
-    std::uint32_t kind = 0;
-    if (size < 0 || !findKind(keyOf(bytes), kind) || kinds_[kind].width < 0)
+    const Key key = keyOf(bytes);
+    // The headers of a file come in nearly the same order in block after block.
+    std::uint32_t kind = kinds_[kind_].follower;
+    if (size < 0 || (kinds_[kind].key != key && !findKind(key, kind)) || kinds_[kind].width < 0)
         return false;
     kind_ = kind;
     size_ = size;
@@ -104,12 +106,8 @@ std::size_t HeaderSkimmer::Hash::operator()(const Key& key) const
     return static_cast<std::size_t>(hash ^ hash >> 32);
 }
 
-/// The headers of a file come in nearly the same order in block after block.
 bool HeaderSkimmer::findKind(const Key& key, std::uint32_t& kind)
 {
-    kind = kinds_[kind_].follower;
-    if (kinds_[kind].key == key)
-        return true;
     const auto known = numbers_.find(key);
     if (known == numbers_.end())
         return false;
